@@ -1,0 +1,43 @@
+# Language level, warnings and sanitizers for everything in the tree.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+
+option(MRL_BENCHMARKS "Build the programs under bench/" OFF)
+set(MRL_SANITIZE "" CACHE STRING "Sanitizers to compile with, for example address,undefined")
+option(MRL_COVERAGE "Compile for gcov" OFF)
+
+find_program(MRL_CCACHE ccache)
+if(MRL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${MRL_CCACHE}")
+endif()
+
+add_compile_options(
+    -Wall -Wextra -Wpedantic -Werror
+    $<$<COMPILE_LANGUAGE:CXX>:-Wshadow>
+    $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>
+    $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast>
+    $<$<COMPILE_LANGUAGE:CXX>:-Wconversion>
+    $<$<COMPILE_LANGUAGE:CXX>:-Wno-sign-conversion>
+    # Back traces carry file names: relative to the project, never of the machine it was built on.
+    -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=
+    -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
+
+if(MRL_SANITIZE)
+    add_compile_options(-fsanitize=${MRL_SANITIZE} -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${MRL_SANITIZE})
+    if(MRL_SANITIZE MATCHES "undefined")
+        add_compile_options(-fno-sanitize-recover=undefined)
+    endif()
+endif()
+if(MRL_COVERAGE)
+    add_compile_options(--coverage)
+    add_link_options(--coverage)
+endif()
