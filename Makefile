@@ -1,0 +1,53 @@
+# The commands of the README. Each installs what is missing, configures, builds and runs.
+PRESET ?= dev
+BUILD := build/$(PRESET)
+JOBS ?= $(shell nproc)
+
+.PHONY: help setup configure build demo test check format tidy layering bench clean
+
+help:
+	@echo "make demo    a typed call answered by a live bus"
+	@echo "make test    every test               (PRESET=asan|tsan|release|coverage for another build)"
+	@echo "make check   format, tidy, layering, tests"
+	@echo "make bench   the benchmarks, optimised"
+	@echo "make format  rewrites sources in the project's format"
+
+setup:
+	@./setup
+
+configure: setup
+	@cmake --preset $(PRESET) --log-level=NOTICE
+
+build: configure
+	@cmake --build --preset $(PRESET) -j $(JOBS)
+
+demo: configure
+	@cmake --build --preset $(PRESET) -j $(JOBS) --target mrl-bus first_call
+	@scripts/demo $(BUILD)/bin
+
+test: build
+	@ctest --preset $(PRESET) -j $(JOBS)
+
+check: build
+	@scripts/check-format
+	@scripts/check-layering
+	@scripts/check-tidy $(BUILD)
+	@ctest --preset $(PRESET) -j $(JOBS)
+
+format: setup
+	@scripts/check-format --fix
+
+tidy: build
+	@scripts/check-tidy $(BUILD)
+
+layering:
+	@scripts/check-layering
+
+bench: PRESET := release
+bench: setup
+	@cmake --preset release --log-level=NOTICE
+	@cmake --build --preset release -j $(JOBS)
+	@scripts/bench build/release/bin
+
+clean:
+	rm -rf build
