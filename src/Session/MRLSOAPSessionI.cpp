@@ -1,0 +1,3 @@
+#include "Session/MRLSOAPSessionI.h"
+
+MRLSOAPSessionI::~MRLSOAPSessionI() = default;

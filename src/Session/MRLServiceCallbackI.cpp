@@ -1,0 +1,3 @@
+#include "Session/MRLServiceCallbackI.h"
+
+MRLServiceCallbackI::~MRLServiceCallbackI() = default;
