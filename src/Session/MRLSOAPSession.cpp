@@ -6,6 +6,7 @@
 #include "Session/MRLProperty.h"
 #include "Session/MRLRTUsageLogger.h"
 #include "Session/MRLTestInfo.h"
+#include "Session/detail/BusFactory.h"
 #include "Session/detail/Exchange.h"
 #include "Session/detail/FaultCode.h"
 
@@ -150,7 +151,7 @@ void MRLSOAPSession::chooseToolkit(Exchange& exchange) const {
         return;
     }
     HBL_ASSERT_NAMED(!isRecording(), "Recording is not available: unset the recording directory.");
-    exchange.own(std::unique_ptr<TavelTK>(TavelTK::getSessionFactory()));
+    exchange.own(mrl::detail::createBusFactory());
 }
 
 void MRLSOAPSession::submit(MRLPortTypeBinding& binding, MRLSOAPTrusted trusted,

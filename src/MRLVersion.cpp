@@ -1,0 +1,5 @@
+#include "MRLVersion.h"
+
+const char* mrlVersion() noexcept {
+    return MRL_VERSION;
+}
