@@ -1,0 +1,14 @@
+#pragma once
+
+#include "HBLCore/HBLByteBuffer.h"
+#include "HBLCore/MRLExport.h"
+
+/// Text in a growing buffer: what a reader hands to a schema object, which keeps the pointer into it.
+class MRL_EXPORT MRL_String : public HBLByteBuffer {
+public:
+    MRL_String();
+    virtual ~MRL_String();
+
+    /// Removes blanks, tabs (both kinds), line and form feeds and carriage returns at both ends.
+    void trim();
+};
