@@ -25,13 +25,11 @@ using mrl::detail::Deserializer;
 namespace {
 
 constexpr int TRACE_SIZE = 30720;
-constexpr auto END_OF_STREAM = static_cast<std::size_t>(-1);
 
 /// Reads on to the end, so that who listens to the stream sees the whole reply.
 void drain(PLQInputStream& in) {
     std::array<char, 1024> piece;
-    for (std::size_t n = in.read(piece.data(), piece.size()); n != 0 && n != END_OF_STREAM;) {
-        n = in.read(piece.data(), piece.size());
+    while (!PLQInputStream::isEnd(in.read(piece.data(), piece.size()))) {
     }
 }
 
