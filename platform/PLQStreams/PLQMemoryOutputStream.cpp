@@ -1,0 +1,22 @@
+#include "PLQStreams/PLQMemoryOutputStream.h"
+
+PLQMemoryOutputStream::PLQMemoryOutputStream(std::size_t initialSize, std::size_t growth)
+    : m_buffer(1, initialSize, growth) {}
+
+PLQMemoryOutputStream::~PLQMemoryOutputStream() = default;
+
+void PLQMemoryOutputStream::write(const char* data, std::size_t length) {
+    m_buffer.appendChars(data, length);
+}
+
+std::size_t PLQMemoryOutputStream::length() const {
+    return m_buffer.pcount();
+}
+
+const char* PLQMemoryOutputStream::bytes() const {
+    return m_buffer.str();
+}
+
+void PLQMemoryOutputStream::reset() {
+    m_buffer.reset();
+}

@@ -1,0 +1,7 @@
+#include "PLQStreams/PLQOutputStream.h"
+
+PLQOutputStream::~PLQOutputStream() = default;
+
+void PLQOutputStream::flush() {}
+
+void PLQOutputStream::close() {}
