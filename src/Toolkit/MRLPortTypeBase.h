@@ -58,7 +58,6 @@ protected:
 private:
     using Operations = std::multimap<std::string_view, OperationMetadata>;
 
-    const Operations::value_type* findByInput(MessageType inputType) const;
     const Operations::value_type& requireByInput(MessageType inputType) const;
     MRLPortTypeBinding* bind(const Operations::value_type& operation, MRLMessageI* input) const;
 

@@ -87,6 +87,7 @@ void setObject(T*& field, void* obj, ObjectType type, std::uint32_t ownerKey, st
 
 // --- deep copies: what is new belongs to the registry
 
+/// A text that is a MRL_CharStreamable stays one: the copy refers to the same data.
 const char* copyText(const char* text, MRLObjectRegistryI& registry);
 MRLBase64Binary* copyBase64(const MRLBase64Binary* other, MRLObjectRegistryI& registry);
 MRLSchemaTypeI* copyDeclared(const MRLSchemaTypeI& other, ObjectType declared, const char* className,
@@ -141,37 +142,5 @@ MRLBase64Binary* lazyBase64(MRLBase64Binary*& field, MRLObjectRegistryI* registr
 
 /// Appends the texts of the keys.
 void appendNames(std::vector<const char*>& names, std::initializer_list<std::uint32_t> keys);
-
-// --- parameters of messages, which name themselves and may be cleared by a null value
-
-/// Whether `name` is the text of `key`.
-bool isParameter(const char* name, std::uint32_t key);
-
-void setTextParameter(const char*& field, void* value, ObjectType type, const char* messageName,
-                      const char* paramName);
-void setBase64Parameter(MRLBase64Binary*& field, void* value, ObjectType type, const char* messageName,
-                        const char* paramName);
-template <class T>
-void setNullableParameter(MRLNullable<T>& field, void* value, ObjectType type, ObjectType declared,
-                          const char* messageName, const char* paramName);
-extern template void setNullableParameter(MRLNullable<int>&, void*, ObjectType, ObjectType, const char*,
-                                          const char*);
-extern template void setNullableParameter(MRLNullable<float>&, void*, ObjectType, ObjectType, const char*,
-                                          const char*);
-/// The checked object; null for a null value.
-MRLSchemaTypeI* objectParameter(void* value, ObjectType type, ObjectType declared, const char* messageName,
-                                const char* paramName);
-
-template <class T>
-void setObjectParameter(T*& field, void* value, ObjectType type, const char* messageName,
-                        const char* paramName) {
-    field = static_cast<T*>(objectParameter(value, type, T::s_objectType, messageName, paramName));
-}
-
-/// The type of the value held, or the declared one.
-template <class T>
-ObjectType parameterType(const T* field) {
-    return field != nullptr ? field->getObjectType() : T::s_objectType;
-}
 
 } // namespace mrl::detail

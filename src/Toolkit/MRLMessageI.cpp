@@ -1,0 +1,35 @@
+#include "Toolkit/MRLMessageI.h"
+
+#include "Toolkit/MRLObjectRegistryFactory.h"
+#include "Toolkit/MRLSchemaMembers.h"
+#include "Toolkit/MRLTavelHeader.h"
+
+#include "HBLCore/HBLFailure.h"
+
+MRLMessageI::MRLMessageI() = default;
+
+MRLMessageI::~MRLMessageI() {
+    // The registry goes with its holder, behind this.
+    m_tavelHeader = nullptr;
+}
+
+MRLObjectRegistryI& MRLMessageI::getObjectRegistry() {
+    if (m_objectRegistry.get() == nullptr)
+        setObjectRegistry(hblRethrowing("MRLMessageI::getObjectRegistry",
+                                        [] { return MRLObjectRegistryFactory::getInstance().create(); }));
+    return *m_objectRegistry;
+}
+
+void MRLMessageI::setObjectRegistry(MRLObjectRegistryI* registry) {
+    // The new reference comes first: the same registry may be set again.
+    const HBLSmartPointer<MRLObjectRegistryI> fresh(registry);
+    m_objectRegistry = fresh;
+}
+
+MRLTavelHeader* MRLMessageI::getTavelHeader(MRLObjectRegistryI* registry) {
+    return mrl::detail::lazyObject(m_tavelHeader, registry);
+}
+
+void MRLMessageI::setTavelHeader(MRLTavelHeader* header) {
+    m_tavelHeader = header;
+}

@@ -1,0 +1,3 @@
+#include "Toolkit/MRLObjectRegistryI.h"
+
+MRLObjectRegistryI::~MRLObjectRegistryI() = default;

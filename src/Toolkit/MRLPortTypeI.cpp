@@ -1,0 +1,3 @@
+#include "Toolkit/MRLPortTypeI.h"
+
+MRLPortTypeI::~MRLPortTypeI() = default;

@@ -1,0 +1,3 @@
+#include "Toolkit/MRLSchemaTypeArrayI.h"
+
+MRLSchemaTypeArrayI::~MRLSchemaTypeArrayI() = default;

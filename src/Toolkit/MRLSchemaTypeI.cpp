@@ -1,0 +1,3 @@
+#include "Toolkit/MRLSchemaTypeI.h"
+
+MRLSchemaTypeI::~MRLSchemaTypeI() = default;

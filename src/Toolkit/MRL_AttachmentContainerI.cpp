@@ -1,0 +1,3 @@
+#include "Toolkit/MRL_AttachmentContainerI.h"
+
+MRL_AttachmentContainerI::~MRL_AttachmentContainerI() noexcept(false) = default;

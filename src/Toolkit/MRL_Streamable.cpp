@@ -1,0 +1,3 @@
+#include "Toolkit/MRL_Streamable.h"
+
+MRL_Streamable::~MRL_Streamable() = default;
