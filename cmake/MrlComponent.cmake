@@ -15,6 +15,7 @@ function(mrl_component name)
     target_include_directories(mrl_${name} PUBLIC
         "${PROJECT_SOURCE_DIR}/platform" "${PROJECT_SOURCE_DIR}/src" "${MRL_GENERATED_DIR}")
     target_compile_definitions(mrl_${name} PRIVATE MRL_BUILDING)
+    add_dependencies(mrl_${name} mrl_generate) # generated headers exist before anything is compiled
     foreach(used IN LISTS arg_USES)
         if(TARGET mrl_${used} OR used IN_LIST MRL_ALL_COMPONENTS)
             target_link_libraries(mrl_${name} PUBLIC mrl_${used})

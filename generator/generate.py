@@ -1,0 +1,51 @@
+#!/usr/bin/env python3
+"""Renders the generated families of the toolkit from the catalogue.
+
+    generate.py CATALOGUE OUTPUT     writes the files whose text has changed
+    generate.py CATALOGUE --list     prints the names of all files
+"""
+
+import argparse
+import sys
+from pathlib import Path
+
+sys.dont_write_bytecode = True  # the source tree stays as it is
+
+from model.reading import read_catalogue  # noqa: E402
+from model.source import CatalogueError  # noqa: E402
+from render import file_names, render, write_if_changed  # noqa: E402
+
+
+def main(arguments=None):
+    parser = argparse.ArgumentParser(description="Renders the generated families from the catalogue.")
+    parser.add_argument("catalogue", type=Path)
+    parser.add_argument("output", type=Path, nargs="?")
+    parser.add_argument("--list", action="store_true", help="print the names of the files")
+    options = parser.parse_args(arguments)
+    if options.list == (options.output is not None):
+        parser.error("give an output folder or --list")
+    try:
+        model = read_catalogue(options.catalogue)
+    except CatalogueError as error:
+        print(f"{options.catalogue}/{error}", file=sys.stderr)
+        return 1
+    if options.list:
+        print("\n".join(file_names(model)))
+        return 0
+    return _write(model, options.output)
+
+
+def _write(model, output):
+    expected, changed = set(), 0
+    for path, text in render(model):
+        expected.add(output / path)
+        changed += write_if_changed(output / path, text)
+    for folder in {path.parent for path in expected}:  # what an earlier catalogue had
+        for stale in {path for path in folder.iterdir() if path.is_file()} - expected:
+            stale.unlink()
+    print(f"{len(expected)} generated files, {changed} changed")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,1 @@
+"""The catalogue as the templates see it: read, resolved and checked."""

@@ -1,0 +1,274 @@
+"""From the files of a catalogue to a resolved model."""
+
+from pathlib import Path
+
+from . import names, schema
+from .checking import check_model
+from .primitives import ARRAY_ELEMENTS, PRIMITIVES
+from .source import CatalogueError, Place, SourceFile, check_fields
+
+_ROW = ([("name", str), ("type", str)], [("doc", str)])
+
+
+def read_catalogue(root):
+    """Reads, resolves and checks the catalogue below the folder `root`.
+    Raises CatalogueError with file, row and remedy."""
+    reader = _Reader(Path(root))
+    reader.read_types()
+    reader.resolve_types()
+    reader.read_messages()
+    reader.read_services()
+    check_model(reader.model)
+    return reader.model
+
+
+class _Reader:
+    def __init__(self, root):
+        self.root = root
+        self.model = schema.Model()
+        self.types = {}  # schema name -> Type
+        self.class_rows = []  # (class, row, file, table): parents and members wait for all names
+        self.messages = {}  # stem -> (request, reply)
+        self.authorities = self._read_authorities()
+
+    # -- files ---------------------------------------------------------------------------------
+
+    def _files(self, folder):
+        return [SourceFile(path, self.root) for path in sorted((self.root / folder).glob("*.toml"))]
+
+    def _file(self, name):
+        path = self.root / name
+        if not path.is_file():
+            raise CatalogueError(Place(name, 1), "the file is missing", "a catalogue has this file, if empty")
+        return SourceFile(path, self.root)
+
+    def _read_authorities(self):
+        source = self._file("namespaces.toml")
+        prefixes = []
+        for name, row in source.data.items():
+            check_fields(row, source.place(name), f"the authority '{name}'",
+                         [("authority", str), ("paths", list)])
+            prefixes += [(path, row["authority"]) for path in row["paths"]]
+        return prefixes
+
+    def _uri(self, path, place):
+        for prefix, authority in self.authorities:
+            if path.startswith(prefix):
+                return authority + path
+        raise CatalogueError(place, f"no namespace authority stands for paths such as '{path}'",
+                             "begin the path as namespaces.toml says, or add its beginning there")
+
+    # -- types ---------------------------------------------------------------------------------
+
+    def read_types(self):
+        for source in self._files("classes"):
+            for name, row in source.data.items():
+                place = source.place(name)
+                check_fields(row, place, f"the class '{name}'",
+                             optional=[("parent", str), ("abstract", bool), ("doc", str),
+                                       ("asWritten", bool), ("members", list)])
+                self._add_class(self.model.classes, "class", name, row, source, name)
+        for source in self._files("enums"):
+            for name, row in source.data.items():
+                self._add_enum(name, row, source)
+        source = self._file("arrays.toml")
+        for name, element in source.data.items():
+            place = source.place("", name)
+            if not isinstance(element, str):
+                raise CatalogueError(place, f"the array '{name}' has no element type",
+                                     f'write {name} = "elementType"')
+            self._add_type(self.model.arrays, schema.Array(name, place, element_type=element))
+        self._read_properties(self._file("properties.toml"))
+
+    def _read_properties(self, source):
+        for name, row in source.data.items():
+            if name == "wrappers":
+                continue
+            place = source.place(name)
+            check_fields(row, place, f"the wrapper '{name}'", [("members", list)],
+                         [("abstract", bool), ("doc", str)])
+            parent = {} if name == "baseProp" else {"parent": "baseProp"}
+            self._add_class(self.model.properties, "property", name, {**row, **parent}, source, name)
+        for name, row in source.data.get("wrappers", {}).items():
+            place = source.place("wrappers", name)
+            check_fields(row, place, f"the wrapper '{name}'", [("value", str)], [("doc", str)])
+            doc = row.get("doc", f"A stored property of type `{row['value']}`.")
+            members = [{"name": "value", "type": row["value"], "doc": "The value as the store has it."}]
+            self._add_class(self.model.properties, "property", name,
+                            {"parent": "baseProp", "doc": doc, "members": members}, source, "wrappers", name)
+
+    def _add_type(self, family, entry):
+        self._require_name(entry.name, entry.place)
+        if entry.name in PRIMITIVES:
+            raise CatalogueError(entry.place, f"'{entry.name}' is a primitive type",
+                                 "give the type another name")
+        if entry.name in self.types:
+            raise CatalogueError(entry.place, f"the type '{entry.name}' stands already at "
+                                              f"{self.types[entry.name].place}",
+                                 "remove one of the two rows, or rename it")
+        self.types[entry.name] = entry
+        family.append(entry)
+
+    def _add_class(self, family, family_name, name, row, source, table, key=None):
+        entry = schema.SchemaClass(name, source.place(table, key), row.get("doc", ""), family_name,
+                                   abstract=row.get("abstract", False))
+        self._add_type(family, entry)
+        self.class_rows.append((entry, row, source, table, key))
+
+    def _add_enum(self, name, row, source):
+        place = source.place(name)
+        check_fields(row, place, f"the enumeration '{name}'", [("values", list)],
+                     [("doc", str), ("uri", bool)])
+        uri = row.get("uri", False)
+        entry = schema.Enumeration(name, place, row.get("doc", ""), uri=uri)
+        for index, text in enumerate(row["values"]):
+            at = source.place(name, "values", index)
+            if not isinstance(text, str) or not text:
+                raise CatalogueError(at, f"the value {text!r} of '{name}' is no text",
+                                     "values are texts in double quotes and not empty")
+            entry.values.append(
+                schema.EnumValue(self._uri(f"/vrok/constants/{name}#{text}", at) if uri else text))
+        self._add_type(self.model.enums, entry)
+
+    @staticmethod
+    def _require_name(name, place):
+        if not names.is_name(name):
+            raise CatalogueError(place, f"'{name}' cannot be a name of the schema",
+                                 "use letters, digits and underscores, with no digit in front")
+
+    # -- resolution ----------------------------------------------------------------------------
+
+    def resolve_types(self):
+        for entry, row, source, table, key in self.class_rows:
+            self._resolve_parent(entry, row.get("parent"), source.place(table, key or "parent"))
+        for entry, *_ in self.class_rows:
+            self._refuse_cycle(entry)
+        for array in self.model.arrays:
+            self._resolve_element(array)
+        for entry, row, source, table, key in self.class_rows:
+            entry.members = self._members(row.get("members", []), source, table, key or "members",
+                                          f"the class '{entry.name}'", embedded_arrays=True)
+            if not row.get("asWritten", False):
+                self._require_order(entry)
+
+    def _resolve_parent(self, entry, parent, place):
+        if parent is None:
+            return
+        entry.parent = self.types.get(parent)
+        if not isinstance(entry.parent, schema.SchemaClass):
+            raise CatalogueError(place, f"the parent '{parent}' of '{entry.name}' is no class",
+                                 "name a class of the catalogue, or leave the parent out at the root")
+
+    @staticmethod
+    def _refuse_cycle(entry):
+        above, seen = entry.parent, [entry.name]
+        while above is not None:
+            seen.append(above.name)
+            if above is entry:
+                raise CatalogueError(entry.place, f"the class '{entry.name}' is its own ancestor: "
+                                                  + " -> ".join(seen),
+                                     "change one parent on this way, so that it ends at the root")
+            if seen.count(above.name) > 1:
+                return  # a cycle further up; its own members are refused
+            above = above.parent
+
+    def _resolve_element(self, array):
+        element = array.element_type
+        if element in ARRAY_ELEMENTS:
+            primitive = ARRAY_ELEMENTS[element]
+            array.element_kind = "text" if primitive.kind == "text" else "number"
+            array.element_type, array.element_xsi_name = primitive.object_type, primitive.xsi_name
+            return
+        entry = self.types.get(element)
+        if entry is None or isinstance(entry, schema.Array) or getattr(entry, "uri", False):
+            raise CatalogueError(array.place, f"the element type '{element}' of '{array.name}' is unknown",
+                                 "name a class, a wrapper, an enumeration or a primitive type")
+        array.element = entry.cpp_name
+        array.element_type, array.element_xsi_name = entry.enumerator, entry.xsi_name
+
+    def _members(self, rows, source, table, key, owner, embedded_arrays):
+        members = []
+        for index, row in enumerate(rows):
+            place = source.place(table, key, index)
+            check_fields(row, place, f"a row of {owner}", *_ROW)
+            if row["name"] or not embedded_arrays:
+                self._require_name(row["name"], place)
+            elif row["type"] != "string" or len(rows) > 1:
+                raise CatalogueError(place, f"{owner} has an unnamed member beside others, or one that "
+                                            "is no string",
+                                     "only a text class has it: one row with an empty name, a string")
+            members.append(self._member(row, place, owner, embedded_arrays))
+        return members
+
+    def _member(self, row, place, owner, embedded_arrays):
+        name, type_name, doc = row["name"], row["type"], row.get("doc", "")
+        if type_name in PRIMITIVES:
+            primitive = PRIMITIVES[type_name]
+            return schema.Member(name, type_name, primitive.kind, primitive.object_type, place, doc)
+        entry = self.types.get(type_name)
+        if entry is None or getattr(entry, "uri", False):
+            raise CatalogueError(place, f"the type '{type_name}' of '{name}' in {owner} is unknown",
+                                 "correct the name, or add the type to the catalogue")
+        kind = "array" if isinstance(entry, schema.Array) and embedded_arrays else "object"
+        return schema.Member(name, type_name, kind, entry.enumerator, place, doc, entry.cpp_name,
+                             getattr(entry, "abstract", False))
+
+    @staticmethod
+    def _require_order(entry):
+        for before, after in zip(entry.members, entry.members[1:]):
+            if before.name > after.name:
+                raise CatalogueError(after.place, f"'{after.name}' stands behind '{before.name}'",
+                                     "members stand in alphabetic order, unless the class says "
+                                     "asWritten = true")
+
+    # -- messages and services -----------------------------------------------------------------
+
+    def read_messages(self):
+        for source in self._files("messages"):
+            for stem, row in source.data.items():
+                place = source.place(stem)
+                self._require_name(stem, place)
+                check_fields(row, place, f"the message '{stem}'", [("request", list), ("reply", list)],
+                             [("doc", str), ("null", bool)])
+                if stem in self.messages:
+                    raise CatalogueError(place, f"the message '{stem}' stands already at "
+                                                f"{self.messages[stem][0].place}",
+                                         "remove one of the two rows, or number the overloads")
+                pair = tuple(schema.Message(stem, side, place, row.get("doc", ""),
+                                            self._members(row[key], source, stem, key,
+                                                          f"the {key} of '{stem}'", embedded_arrays=False),
+                                            row.get("null", False))
+                             for side, key in (("Request", "request"), ("Reply", "reply")))
+                self.messages[stem] = pair
+                self.model.messages += pair
+
+    def read_services(self):
+        seen = {}
+        for source in self._files("services"):
+            row, place = source.data, source.place()
+            check_fields(row, place, "the service",
+                         [("name", str), ("namespace", str), ("action", str), ("operations", list)],
+                         [("doc", str)])
+            place = source.place("", "name")
+            self._require_name(row["name"], place)
+            if row["name"] in seen:
+                raise CatalogueError(place, f"the service '{row['name']}' stands already at "
+                                            f"{seen[row['name']]}", "remove one of the two files")
+            seen[row["name"]] = place
+            service = schema.Service(row["name"], self._uri(row["namespace"], place), place,
+                                     row.get("doc", ""))
+            action = self._uri(row["action"], place)
+            for index, entry in enumerate(row["operations"]):
+                service.operations.append(
+                    self._operation(entry, action, source.place("", "operations", index)))
+            self.model.services.append(service)
+
+    def _operation(self, row, action, place):
+        check_fields(row, place, "an operation", [("name", str)], [("message", str), ("ending", str)])
+        self._require_name(row["name"], place)
+        stem = row.get("message", row["name"])
+        if stem not in self.messages:
+            raise CatalogueError(place, f"the operation '{row['name']}' has no message '{stem}'",
+                                 "correct the stem, or add the message to the catalogue")
+        request, reply = self.messages[stem]
+        return schema.Operation(row["name"], request, reply, action + row.get("ending", ""), place)
