@@ -23,6 +23,8 @@ inline constexpr int FALSE = 0;
 /// Throws HBLAssertError with `wholeText` as its text.
 [[noreturn]] MRL_EXPORT void hblAssertFailed(std::string wholeText, const HBLFileLocation& where,
                                              const char* function = nullptr);
+[[noreturn]] MRL_EXPORT void hblAssertFailed(const char* wholeText, const HBLFileLocation& where,
+                                             const char* function = nullptr);
 
 /// Checks a requirement, also in released code: throws HBLAssertError with the call as its text.
 #define HBL_ASSERT(...)                                                                                      \

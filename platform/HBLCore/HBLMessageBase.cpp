@@ -1,0 +1,3 @@
+#include "HBLCore/HBLMessageBase.h"
+
+HBLMessageBase::~HBLMessageBase() = default;
