@@ -1,0 +1,3 @@
+#include "TavelTK/TavelTKAttachmentReader.h"
+
+TavelTKAttachmentReader::~TavelTKAttachmentReader() = default;

@@ -1,0 +1,6 @@
+#include "TavelTK/TavelTKMessageReader.h"
+
+TavelTKMessageReader::TavelTKMessageReader(int exchange)
+    : m_exchange(exchange) {}
+
+TavelTKMessageReader::~TavelTKMessageReader() = default;

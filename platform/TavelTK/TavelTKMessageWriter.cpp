@@ -1,0 +1,3 @@
+#include "TavelTK/TavelTKMessageWriter.h"
+
+TavelTKMessageWriter::~TavelTKMessageWriter() = default;

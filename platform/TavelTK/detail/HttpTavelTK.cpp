@@ -1,0 +1,54 @@
+#include "TavelTK/detail/HttpTavelTK.h"
+
+#include "TavelTK/detail/Failure.h"
+#include "TavelTK/detail/HttpSession.h"
+
+namespace mrl::detail {
+
+namespace {
+
+[[noreturn]] void refuse(std::string_view cause) {
+    fail(TavelTKError::unsupported, TavelTKPhase::prepare, {}, cause);
+}
+
+} // namespace
+
+void HttpTavelTK::setProperty(const std::string& name, int value) {
+    m_options.set(name, value);
+}
+
+void HttpTavelTK::setProperty(const std::string& name, const std::string& value) {
+    m_options.set(name, value);
+}
+
+TavelTKSession* HttpTavelTK::newSession(Endpoint endpoint, const char* sessionConfig, int timeLimit) const {
+    return hblNew<HttpSession>(HBL_HERE, std::move(endpoint), sessionConfig, timeLimit, m_options,
+                               m_surroundings);
+}
+
+TavelTKSession* HttpTavelTK::getSession(char* url, char* sessionConfig, int timeLimit) {
+    return newSession(Endpoint::parse(url), sessionConfig, timeLimit);
+}
+
+TavelTKSession* HttpTavelTK::getSession(const char* host, int port, const char* path, char* sessionConfig,
+                                        int timeLimit) {
+    return newSession(Endpoint::of(host, port, path), sessionConfig, timeLimit);
+}
+
+TavelTKSession* HttpTavelTK::getSession(HBLIDOM_Element&, char*, int) {
+    refuse("getSession() with an element is not offered; give a URL");
+}
+
+TavelTKServerSocket* HttpTavelTK::getServerSocket(int, char*) {
+    refuse("getServerSocket() is not offered; this toolkit has no server side");
+}
+
+TavelTKServerSession* HttpTavelTK::getServerSession(TavelTKSocket*) {
+    refuse("getServerSession() is not offered; this toolkit has no server side");
+}
+
+TavelTKSocket* HttpTavelTK::getSocket() {
+    refuse("getSocket() is not offered; this toolkit has no server side");
+}
+
+} // namespace mrl::detail

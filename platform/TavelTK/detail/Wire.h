@@ -1,0 +1,87 @@
+#pragma once
+
+#include "HBLCore/HBLFailure.h"
+#include "TavelTK/TavelTKException.h"
+#include "TavelTK/detail/Connection.h"
+#include "TavelTK/detail/EchoFile.h"
+#include "TavelTK/detail/Endpoint.h"
+#include "TavelTK/detail/SessionOptions.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace mrl::detail {
+
+class ConnectionPool;
+
+/// What a session needs from outside; tests put their own in place of each.
+struct Surroundings {
+    ConnectionPool& pool;
+    const Clock& clock;
+    std::string (*newToken)(); ///< a text that never occurs twice, for boundaries and content ids
+
+    /// The pool of the process, the machine's clock, 128 random bits in hexadecimal.
+    static Surroundings real();
+};
+
+/// One exchange's hold on the network: it connects when the first byte is sent, keeps every time limit,
+/// copies the traffic to the echo file, and turns each failure into its TavelTKException. After a failure
+/// the connection is closed.
+class Wire {
+public:
+    /// @param timeLimit seconds from start() to the last byte.
+    Wire(Endpoint endpoint, int timeLimit, const Surroundings& surroundings);
+
+    const Endpoint& endpoint() const { return m_endpoint; }
+    const std::string& peer() const { return m_peer; }
+    SessionOptions& options() { return m_options; }
+    std::string newToken() const { return m_surroundings.newToken(); }
+    void echoTo(EchoFile&& file) { m_echo = std::make_unique<EchoFile>(std::move(file)); }
+
+    /// The exchange's time runs from here.
+    void start();
+    /// From here on no step takes longer: for reads whose result is not worth the whole limit.
+    void hurry(milliseconds left);
+
+    /// Sends all of it, connecting first if need be.
+    void send(std::string_view bytes);
+
+    /// At least one byte, or 0 when the peer has ended the connection after at least one byte of the reply.
+    std::size_t receive(char* buffer, std::size_t size);
+
+    /// The peer has ended the connection where more of the reply was due.
+    [[noreturn]] void broke(std::string_view cause);
+
+    [[noreturn]] void fail(TavelTKError error, TavelTKPhase phase, std::string_view cause,
+                           const HBLFileLocation& where = HBLFileLocation::current());
+
+    /// The exchange is over and the peer keeps the connection: so does the pool.
+    void keepConnection();
+    void closeConnection() noexcept { m_connection.reset(); }
+
+private:
+    struct Limit {
+        TimePoint until;
+        std::string text;
+    };
+    void connect();
+    std::unique_ptr<Connection> openConnection();
+    Limit limit(std::int64_t step, const char* property) const;
+    TavelTKPhase receivingPhase() const {
+        return m_received ? TavelTKPhase::readReply : TavelTKPhase::awaitReply;
+    }
+
+    Endpoint m_endpoint;
+    std::string m_peer;
+    int m_timeLimit;
+    Surroundings m_surroundings;
+    SessionOptions m_options;
+    TimePoint m_end;
+    std::unique_ptr<EchoFile> m_echo;
+    std::unique_ptr<Connection> m_connection;
+    std::uint64_t m_received = 0;
+};
+
+} // namespace mrl::detail
