@@ -1,7 +1,9 @@
 #include "PLQStreams/PLQMemoryOutputStream.h"
 
+#include <algorithm>
+
 PLQMemoryOutputStream::PLQMemoryOutputStream(std::size_t initialSize, std::size_t growth)
-    : m_buffer(1, initialSize, growth) {}
+    : m_buffer(1, std::max(initialSize, growth), 0) {} // doubling keeps large documents linear
 
 PLQMemoryOutputStream::~PLQMemoryOutputStream() = default;
 
