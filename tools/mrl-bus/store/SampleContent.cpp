@@ -22,7 +22,7 @@ constexpr Path sales = "/content/folder[@name='Sales']";
 constexpr Path regions = "/content/folder[@name='Sales']/folder[@name='Regions']";
 constexpr Path finance = "/content/folder[@name='Finance']";
 constexpr Path archive = "/content/folder[@name='Archive 2023']";
-constexpr Path executive = "/content/folder[@name='Executive']";
+constexpr Path payroll = "/content/folder[@name='Payroll']";
 constexpr Path retail = "/content/package[@name='Retail']";
 constexpr Path warehouse = "/configuration/dataSource[@name='Warehouse']";
 
@@ -200,8 +200,15 @@ std::vector<Sample> samples() {
          {}},
         {archive, "report", "Annual report", "The year 2023", "Jahresbericht", tomas, lookOnly, {}},
 
-        {content, "folder", "Executive", "May be seen, not entered", "Leitung", lena, closedToEntry, {}},
-        {executive, "report", "Board pack", "For the board", nullptr, lena, noRights, {}},
+        {content,
+         "folder",
+         "Payroll",
+         "May be seen, not entered",
+         "Gehaltsabrechnung",
+         lena,
+         closedToEntry,
+         {}},
+        {payroll, "report", "Salaries", "Month by month", nullptr, lena, noRights, {}},
     };
 }
 

@@ -1,0 +1,82 @@
+#include "Session/MRL.h"
+#include "http/BusServer.h"
+#include "soap/RequestProcessor.h"
+#include "store/ContentStore.h"
+
+#include "HBLCore/HBLThrowable.h"
+
+#include <CLI/CLI.hpp>
+
+#include <csignal>
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+using namespace mrl::bus;
+
+struct Options {
+    ServerSettings server;
+    StoreSettings store;
+};
+
+/// Blocks the signals that end the bus, in this thread and those it will start: they wait for `wait`, and
+/// nothing runs in a signal handler.
+class EndSignals {
+public:
+    EndSignals() {
+        sigemptyset(&m_set);
+        sigaddset(&m_set, SIGINT);
+        sigaddset(&m_set, SIGTERM);
+        pthread_sigmask(SIG_BLOCK, &m_set, nullptr);
+        std::signal(SIGPIPE, SIG_IGN); // a client that goes away is no reason to end
+    }
+
+    void wait() const {
+        int received = 0;
+        sigwait(&m_set, &received);
+    }
+
+private:
+    sigset_t m_set{};
+};
+
+void run(const Options& options) {
+    const EndSignals signals;
+    ContentStore store(options.store);
+    MRL::initialize();
+    RequestProcessor processor(store);
+    BusServer server(processor, options.server);
+    std::printf("mrl-bus: listening on %s\n", server.url().c_str());
+    std::fflush(stdout);
+    signals.wait();
+    server.stop();
+    MRL::terminate();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    Options options;
+    CLI::App app("A bus of content services for trying and testing clients. Stops on SIGTERM or SIGINT.",
+                 "mrl-bus");
+    app.add_option("--host", options.server.host, "Address to listen on")->capture_default_str();
+    app.add_option("--port", options.server.port, "Port to listen on; 0 for any free one")
+        ->capture_default_str();
+    app.add_option("--threads", options.server.threads, "Requests served at a time")
+        ->check(CLI::Range(1, 256))
+        ->capture_default_str();
+    app.add_option("--store", options.store.file, "File to keep the content in; in memory without it");
+    app.add_flag("--empty", options.store.empty, "Begin a new store without the sample content");
+    app.add_flag("--read-only", options.store.readOnly, "Refuse every change of the content");
+    CLI11_PARSE(app, argc, argv);
+    try {
+        run(options);
+        return 0;
+    } catch (const HBLThrowable& e) {
+        std::fprintf(stderr, "mrl-bus: %s\n", e.getMessage());
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "mrl-bus: %s\n", e.what());
+    }
+    return 1;
+}

@@ -1,0 +1,60 @@
+#include "soap/ServiceFault.h"
+
+#include "Toolkit/MRLFaultDetail.h"
+#include "Toolkit/MRLFaultDetailArray.h"
+#include "Toolkit/MRLFaultDetailMessage.h"
+#include "Toolkit/MRLFaultDetailMessageArray.h"
+#include "Toolkit/MRLSOAPFault.h"
+#include "serialization/MRLSOAPFaultSerializerFactory.h"
+#include "serialization/MRLSOAPFaultSerializerI.h"
+
+#include "PLQStreams/PLQMemoryOutputStream.h"
+
+#include <memory>
+
+namespace mrl::bus {
+
+namespace {
+
+constexpr std::size_t initialSize = 4096;
+constexpr std::size_t growth = 4096;
+
+struct GiveBack {
+    void operator()(MRLSOAPFaultSerializerI* serializer) const {
+        MRLSOAPFaultSerializerFactory::getInstance().destroy(serializer);
+    }
+};
+
+/// XML has no form for control characters, and a message may quote what a client sent.
+std::string withoutControls(std::string text) {
+    for (char& c : text)
+        if (static_cast<unsigned char>(c) < 0x20 && c != '\n' && c != '\t')
+            c = '?';
+    return text;
+}
+
+} // namespace
+
+std::string ServiceFault::toEnvelope() const {
+    const std::string shown = withoutControls(message);
+    MRLFaultDetailMessage text;
+    text.setMessage(shown.c_str());
+    MRLFaultDetail item;
+    item.setErrorCode(code.c_str());
+    item.setSeverity("error");
+    item.getMessage().push_back(&text);
+    MRLFaultDetailArray detail;
+    detail.push_back(&item);
+    MRLSOAPFault fault;
+    fault.setFaultCode(clientsFault ? "SOAP-ENV:Client" : "SOAP-ENV:Server");
+    fault.setFaultString(summary.c_str());
+    fault.setDetail(&detail);
+
+    PLQMemoryOutputStream out(initialSize, growth);
+    const std::unique_ptr<MRLSOAPFaultSerializerI, GiveBack> serializer(
+        MRLSOAPFaultSerializerFactory::getInstance().create());
+    serializer->serialize(nullptr, fault, out, 1, 0);
+    return {out.bytes(), out.length()};
+}
+
+} // namespace mrl::bus
