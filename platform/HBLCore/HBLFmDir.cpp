@@ -30,14 +30,14 @@ int HBLFmDir::createRecursiveDir(const char* path) {
         return 0;
     std::error_code failed;
     std::vector<fs::path> missing;
-    for (fs::path at = fs::path(path).lexically_normal(); !at.empty() && !fs::exists(at, failed);
-         at = at.parent_path()) {
+    const fs::path whole = fs::path(path).lexically_normal();
+    for (fs::path at = whole; !at.empty() && !fs::exists(at, failed); at = at.parent_path()) {
         if (at.has_filename()) // not the empty name behind a final slash
             missing.push_back(at);
     }
     for (auto at = missing.rbegin(); at != missing.rend(); ++at)
         ::mkdir(at->c_str(), S_IRWXU); // another process may have been first; the end decides
-    return fs::is_directory(path, failed);
+    return fs::is_directory(whole, failed);
 }
 
 int HBLFmDir::exists(const char* path, int mode) {

@@ -6,6 +6,7 @@
 #include <concepts>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 /// One parameter of a message: a text or a whole number. Converts implicitly, so that a throw site
 /// reads `MRLHBLMessage(number) << name << count`.
@@ -19,6 +20,7 @@ public:
 
     HBLMessageParm(const I18NString& text);
     HBLMessageParm(const std::string& utf8);
+    HBLMessageParm(std::string_view utf8);
     HBLMessageParm(const char* utf8); // null is empty
     template <std::integral T>
     HBLMessageParm(T number, eNumberForm form = eDigits)

@@ -74,13 +74,9 @@ const char* I18NString::c_str() const {
     return expected->c_str();
 }
 
-void I18NString::setTo(std::u16string_view text) {
-    m_text = text;
-    dropNarrow();
-}
-
 void I18NString::setTo(const char16_t* text, std::size_t units) {
-    setTo(text ? std::u16string_view(text, units) : std::u16string_view());
+    m_text = text ? std::u16string_view(text, units) : std::u16string_view();
+    dropNarrow();
 }
 
 void I18NString::erase() noexcept {

@@ -47,7 +47,6 @@ public:
     /// The same, kept by the string until the text changes.
     const char* c_str() const;
 
-    void setTo(std::u16string_view text);
     void setTo(const char16_t* text, std::size_t units);
     void setTo(const I18NString& text) { *this = text; }
     /// Makes the text empty.

@@ -1,0 +1,102 @@
+#include "Common/MRLException.h"
+#include "Common/MRLExceptionMessage.h"
+#include "support/Failure.h"
+
+#include "HBLCore/HBLMessageCatalogue.h"
+#include "HBLCore/HBLMessageString.h"
+
+#include <fstream>
+#include <memory>
+
+namespace {
+
+const std::string kNoOperation =
+    "The service \"contentManagerService\" has no operation \"querry\" with these parameters. Check the name "
+    "and the types of the parameters, or name the operation by its message.";
+
+MRLException noOperation() {
+    return MRLException(0) << (MRLHBLMessage(msg::unknownOperation)
+                               << "querry" << I18NString("contentManagerService"));
+}
+
+TEST(MRLException, IsBuiltAndThrownInOneStatement) {
+    const auto step = [] { HBL_THROW(noOperation(), "MRLPortTypeI::find"); };
+    expectFailure(step, msg::unknownOperation, {"querry", "contentManagerService"}, "MRLPortTypeI::find");
+    try {
+        step();
+    } catch (MRLException& e) {
+        EXPECT_EQ(e.getMessage(), kNoOperation);
+        EXPECT_STREQ(e.getThrowableName(), "MRLException");
+        EXPECT_EQ(e.getErrorCodeString(), "HBL-MRL-0000");
+    }
+}
+
+TEST(MRLException, TakesSeverityCodeAndText) {
+    EXPECT_EQ(MRLException(3).getErrorCode(), 3);
+    EXPECT_EQ(MRLException(3).getSeverity(), eHBLSeverityError);
+    EXPECT_STREQ(MRLException("plain").getMessage(), "plain");
+    EXPECT_STREQ(MRLException(static_cast<const char*>(nullptr)).getMessage(), "");
+    const MRLException fatal(eHBLSeverityFatal, "plain");
+    EXPECT_STREQ(HBLThrowable::getSeverityName(fatal.getSeverity()), "fatal");
+    EXPECT_EQ(MRLException(eHBLSeverityWarning, 9).getErrorCode(), 9);
+}
+
+TEST(MRLException, TakesOverAnotherOneAndAMessage) {
+    MRLException original = noOperation();
+    original.addBackTrace({"a.cpp", 1}, "f", "HBL_THROW");
+    const HBLMessageString more("while serving a test");
+    const MRLException with(original, &more);
+    const MRLException without(original, nullptr);
+    EXPECT_EQ(with.format(), kNoOperation + "\nwhile serving a test");
+    EXPECT_EQ(without.format(), kNoOperation);
+    EXPECT_EQ(with.getBackTrace(), std::vector<std::string>{"a.cpp:1: f [HBL_THROW]"});
+}
+
+TEST(MRLException, CopiesKeepAllAndGoTheirOwnWay) {
+    MRLException original = noOperation();
+    original.addBackTrace({"a.cpp", 1}, "f", "HBL_THROW");
+    const std::unique_ptr<HBLThrowable> clone(static_cast<const HBLThrowable&>(original).clone());
+    const std::string before = original.toString();
+    EXPECT_EQ(clone->toString(), before);
+    MRLException assigned("other");
+    assigned = original;
+    assigned = *&assigned;
+    EXPECT_EQ(assigned.toString(), before);
+    original << HBLMessageString("more");
+    original.addBackTrace({"b.cpp", 2}, nullptr, "HBL_RETHROW");
+    EXPECT_EQ(assigned.toString(), before);
+}
+
+TEST(MRLExceptionMessage, FormatsTheNumberAskedFor) {
+    MRLExceptionMessage message(msg::unknownFailure);
+    message.addParameter("a <b>");
+    std::string text = "old";
+    EXPECT_STREQ(message.getMessage("xx", msg::malformedXml, text),
+                 "The message is not well-formed XML, or more than a message may hold: a <b>");
+    message.getMessage(nullptr, 0x12345678, text);
+    EXPECT_EQ(text, "MRLmsgs 0x12345678: a <b>");
+    MRLExceptionMessage("own text").format(nullptr, text);
+    EXPECT_EQ(text, "own text");
+}
+
+TEST(EnglishCatalogue, HasATextForEveryNumberThatShowsEveryParameter) {
+    std::ifstream in(MRL_RESOURCES "/MRLmsgs_en.txt");
+    std::vector<std::string> problems;
+    const HBLMessageCatalogue catalogue(in, &problems);
+    EXPECT_EQ(problems, std::vector<std::string>{});
+    EXPECT_EQ(catalogue.size(), msg::all.size()) << "a text for a number that is not declared";
+    for (const auto& [number, parameters] : msg::all) {
+        MRLHBLMessage message(number);
+        for (std::size_t i = 0; i < parameters; ++i)
+            message << "<" + std::to_string(i) + ">";
+        std::string text;
+        message.format("en", text);
+        EXPECT_FALSE(text.starts_with("MRLmsgs ")) << text << " has no text";
+        EXPECT_EQ(text.find('{'), std::string::npos) << "takes more parameters than declared: " << text;
+        for (std::size_t i = 0; i < parameters; ++i)
+            EXPECT_NE(text.find("<" + std::to_string(i) + ">"), std::string::npos)
+                << i << " is missing: " << text;
+    }
+}
+
+} // namespace
