@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr std::size_t s_pieceSize = 3 * 1024; // becomes 4 KiB of Base64
+constexpr std::size_t s_pieceSize = 3072; // becomes 4 KiB of Base64
 
 } // namespace
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr std::size_t s_bufferSize = 16 * 1024;
+constexpr std::size_t s_bufferSize = std::size_t{16} * 1024;
 
 int openForReading(const std::string& path) {
     int descriptor = -1;

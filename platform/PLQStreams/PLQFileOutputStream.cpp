@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr std::size_t s_bufferSize = 16 * 1024;
+constexpr std::size_t s_bufferSize = std::size_t{16} * 1024;
 
 int openForWriting(const std::string& path, int append) {
     const int flags = O_WRONLY | O_CREAT | O_CLOEXEC | (append ? O_APPEND : O_TRUNC);
@@ -36,7 +36,7 @@ PLQFileOutputStream::PLQFileOutputStream(std::string path, int append)
 
 PLQFileOutputStream::~PLQFileOutputStream() {
     try {
-        close();
+        PLQFileOutputStream::close();
     } catch (...) { // documented: only an explicit close() reports
     }
 }

@@ -28,7 +28,7 @@ struct PLQGZIPInputStream::Inflater {
     z_stream z{};
     Place place = Place::beforeMember;
     std::uint64_t received = 0; // packed bytes that came so far
-    std::array<Bytef, 16 * 1024> packed;
+    std::array<Bytef, 16384> packed;
 };
 
 PLQGZIPInputStream::PLQGZIPInputStream() = default;

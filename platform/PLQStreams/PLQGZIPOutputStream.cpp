@@ -24,7 +24,7 @@ struct PLQGZIPOutputStream::Deflater {
     Deflater& operator=(const Deflater&) = delete;
 
     z_stream z{};
-    std::array<Bytef, 16 * 1024> packed;
+    std::array<Bytef, 16384> packed;
 };
 
 PLQGZIPOutputStream::PLQGZIPOutputStream()

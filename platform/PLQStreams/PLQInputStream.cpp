@@ -9,7 +9,7 @@ namespace {
 
 // Room is made for this much at a time, so that a caller may ask for "everything" and pays only for
 // what comes.
-constexpr std::size_t s_pieceSize = 64 * 1024;
+constexpr std::size_t s_pieceSize = std::size_t{64} * 1024;
 
 } // namespace
 

@@ -3,6 +3,7 @@
 #include "HBLCore/HBLFailure.h"
 
 #include <memory>
+#include <tuple>
 
 PLQEchoOutputStream2::PLQEchoOutputStream2(PLQOutputStream* target1, PLQOutputStream* target2)
     : m_pEchoTarget1(target1)
@@ -12,8 +13,8 @@ PLQEchoOutputStream2::PLQEchoOutputStream2(PLQOutputStream* target1, PLQOutputSt
     std::unique_ptr<PLQOutputStream> owned2(target2);
     HBL_ASSERT(m_pEchoTarget1);
     HBL_ASSERT(m_pEchoTarget2);
-    owned1.release();
-    owned2.release();
+    std::ignore = owned1.release(); // the destructor does it from here on
+    std::ignore = owned2.release();
 }
 
 PLQEchoOutputStream2::PLQEchoOutputStream2(PLQOutputStream& target1, PLQOutputStream& target2)
