@@ -48,7 +48,7 @@ MRLPortTypeBase::createPortTypeBinding(const char* pOperationName,
         return isSameParameterSignature(factory.getParameterTypes(operation.second.inputMessageType), params);
     });
     if (chosen == last)
-        HBL_THROW(MRLException(0) << (MRLHBLMessage(msg::noSuchOperation) << pOperationName << getName()),
+        HBL_THROW(MRLException(0) << (MRLHBLMessage(msg::unknownOperation) << pOperationName << getName()),
                   "MRLPortTypeI::createPortTypeBinding");
 
     const HBLSmartPointer<MRLMessageI> input(factory.create(chosen->second.inputMessageType));

@@ -106,7 +106,9 @@ const SchemaTypeRow* findArrayOf(std::string_view element) {
 
 [[noreturn]] void notCreatable(const SchemaTypeRow* row, const char* function) {
     const char* const name = row != nullptr ? row->xsiName : smallTypes[0].xsiName;
-    HBL_THROW(MRLException(0) << (MRLHBLMessage(msg::typeNotCreatable) << name), function);
+    MRLException failure(0);
+    failure << (MRLHBLMessage(msg::typeNotCreatable) << name);
+    HBL_THROW(failure, function);
 }
 
 } // namespace
@@ -226,7 +228,7 @@ void MRLSchemaTypesFactory::typeError(const char* className, const char* childNa
     MRLSchemaTypesFactory& factory = getInstance();
     const char* const expectedName = factory.objectTypeToXSIType(expected);
     const char* const actualName = factory.objectTypeToXSIType(actual);
-    HBL_THROW(MRLException(0) << (MRLHBLMessage(msg::wrongMemberType)
-                                  << className << childName << expectedName << actualName),
-              "MRLSchemaTypesFactory::typeError()");
+    MRLException failure(0);
+    failure << (MRLHBLMessage(msg::wrongMemberType) << className << childName << expectedName << actualName);
+    HBL_THROW(failure, "MRLSchemaTypesFactory::typeError()");
 }
