@@ -45,16 +45,28 @@ IoResult Connection::await(short events, TimePoint until, const Clock& clock) {
     }
 }
 
+int Connection::sendSome(std::string_view bytes) {
+    try {
+        // No signal for a broken pipe: the process and its handlers belong to the host.
+        return m_socket.sendBytes(
+            bytes.data(), static_cast<int>(std::min<std::size_t>(bytes.size(), INT_MAX)), MSG_NOSIGNAL);
+    } catch (const Poco::IOException& e) {
+        if (e.code() == EAGAIN || e.code() == EWOULDBLOCK)
+            return 0;
+        throw;
+    }
+}
+
 IoResult Connection::send(std::string_view bytes, TimePoint until, const Clock& clock) {
     try {
         for (;;) {
-            const int length = static_cast<int>(std::min<std::size_t>(bytes.size(), INT_MAX));
-            // No signal for a broken pipe: the process and its handlers belong to the host.
-            const int sent = m_socket.sendBytes(bytes.data(), length, MSG_NOSIGNAL);
+            if (m_isFull)
+                if (IoResult waited = await(POLLOUT, until, clock); waited.status != IoResult::done)
+                    return waited;
+            const int sent = sendSome(bytes);
+            m_isFull = sent < 0 || static_cast<std::size_t>(sent) < bytes.size();
             if (sent > 0)
                 return {IoResult::done, static_cast<std::size_t>(sent), {}};
-            if (IoResult waited = await(POLLOUT, until, clock); waited.status != IoResult::done)
-                return waited;
         }
     } catch (const Poco::Exception& e) {
         return {IoResult::failed, 0, e.displayText()};

@@ -41,7 +41,11 @@ private:
     /// Waits until the socket is ready for `events`. @return `done`, `timedOut` or `failed`
     IoResult await(short events, TimePoint until, const Clock& clock);
 
+    /// @return the bytes sent; 0 when there is no room
+    int sendSome(std::string_view bytes);
+
     Poco::Net::StreamSocket m_socket;
+    bool m_isFull = false;     // the last send did not take all: wait before the next
     bool m_expectMore = false; // the last receive filled its buffer: try before waiting
 };
 
