@@ -2,24 +2,18 @@
 
 #include "Toolkit/MRLZOR.h"
 
-#include "HBLCore/MRLExport.h"
-
-/// A security element that carries a credential in the old form, kept as text. It stands outside the
-/// type tables: no factory makes or copies it.
+/// A security block that carries a credential in the old form, as a raw text, so that it survives
+/// on its way through. Made by the reader; the type tables know nothing of it.
 class MRL_EXPORT MRLZOR_Unsupported : public MRLZOR {
 public:
     static constexpr ObjectType s_objectType = eMRLZOR_Unsupported;
     static constexpr const char* s_className = "MRLZOR_Unsupported";
 
-    /// A copy of a security element, without a credential; `registry` owns what is new.
+    /// A deep copy of `source` without a credential; what it makes belongs to `registry`.
     MRLZOR_Unsupported(const MRLZOR& source, MRLObjectRegistryI& registry);
+    /// The same with the credential, whose text is copied too.
     MRLZOR_Unsupported(const MRLZOR_Unsupported& source, MRLObjectRegistryI& registry);
     ~MRLZOR_Unsupported() override;
-
-    const char* getZORCredential() const { return m_credential; }
-
-    /// Keeps the pointer: the text must outlive the object.
-    void setZORCredential(const char* credential) { m_credential = credential; }
 
     ObjectType getObjectType() const override;
     const std::string& getGeneratedObjectName() const override;
@@ -33,5 +27,14 @@ public:
 private:
     std::size_t getChildObjectCount() const override;
 
-    const char* m_credential = nullptr; // borrowed
+public:
+    int operator==(const MRLSchemaTypeI& other) const override;
+    int operator!=(const MRLSchemaTypeI& other) const override;
+
+    const char* getZORCredential() const { return m_credential; }
+    /// Borrows the text.
+    void setZORCredential(const char* credential) { m_credential = credential; }
+
+private:
+    const char* m_credential = nullptr;
 };

@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -19,12 +18,6 @@ using mrl::detail::g_symbols;
 TEST(Symbols, AreFoundEachByTheCrcOfItsText) {
     for (std::size_t i = 0; i < g_symbols.count; ++i)
         ASSERT_EQ(zt5omsymbols1::getChar(HBLUtCrc32::crc32(g_symbols.texts[i], 0u)), g_symbols.texts[i]);
-}
-
-TEST(Symbols, AreSortedByText) {
-    EXPECT_STREQ(g_symbols.texts[0], "aasAffineConnections");
-    for (std::size_t i = 1; i < g_symbols.count; ++i)
-        ASSERT_LT(std::string_view(g_symbols.texts[i - 1]), std::string_view(g_symbols.texts[i]));
 }
 
 TEST(Symbols, IncludeTheFirstAndTheLastRowByCrc) {
