@@ -25,20 +25,11 @@ struct GiveBack {
     }
 };
 
-/// XML has no form for control characters, and a message may quote what a client sent.
-std::string withoutControls(std::string text) {
-    for (char& c : text)
-        if (static_cast<unsigned char>(c) < 0x20 && c != '\n' && c != '\t')
-            c = '?';
-    return text;
-}
-
 } // namespace
 
 std::string ServiceFault::toEnvelope() const {
-    const std::string shown = withoutControls(message);
     MRLFaultDetailMessage text;
-    text.setMessage(shown.c_str());
+    text.setMessage(message.c_str());
     MRLFaultDetail item;
     item.setErrorCode(code.c_str());
     item.setSeverity("error");

@@ -24,6 +24,21 @@ Database::Access accessFor(const StoreSettings& settings) {
     return settings.readOnly && exists ? Database::Access::readOnly : Database::Access::readWrite;
 }
 
+/// The time an operation may take, taken off again on every way out.
+class TimeLimit {
+public:
+    TimeLimit(Database& database, std::chrono::milliseconds limit)
+        : m_database(database) {
+        database.setDeadline(std::chrono::steady_clock::now() + limit);
+    }
+    ~TimeLimit() { m_database.clearDeadline(); }
+    TimeLimit(const TimeLimit&) = delete;
+    TimeLimit& operator=(const TimeLimit&) = delete;
+
+private:
+    Database& m_database;
+};
+
 /// Refuses what the caller named but may not see. Selections leave such objects out instead.
 void checkAccess(const SearchPath& path, ObjectTable& objects) {
     for (const auto& branch : path.branches) {
@@ -87,22 +102,16 @@ ContentStore::~ContentStore() = default;
 template <class F>
 auto ContentStore::operate(F&& step) {
     const std::lock_guard guard(m_mutex);
-    m_database.setDeadline(std::chrono::steady_clock::now() + m_settings.seams.timeLimit);
+    const TimeLimit limit(m_database, m_settings.seams.timeLimit);
     try {
-        auto result = step();
-        m_database.clearDeadline();
-        return result;
+        return step();
     } catch (const SqliteError& e) {
-        m_database.clearDeadline();
         if (e.code() == SQLITE_INTERRUPT)
             throw StoreError(StoreErrorCode::tooMuch,
                              "The request took longer than " +
                                  std::to_string(m_settings.seams.timeLimit.count()) +
                                  " ms and was given up; ask for less, for example with "
                                  "a class in place of '*'.");
-        throw;
-    } catch (...) {
-        m_database.clearDeadline();
         throw;
     }
 }

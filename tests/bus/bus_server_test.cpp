@@ -1,0 +1,231 @@
+#include "BusFixture.h"
+
+#include <Poco/Net/StreamSocket.h>
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <chrono>
+#include <fstream>
+#include <sstream>
+#include <thread>
+#include <vector>
+
+namespace mrl::bus {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+constexpr const char* revenue = "/content/folder[@name='Sales']/report[@name='Revenue']";
+
+std::string golden(const std::string& name) {
+    std::ifstream file(std::string(MRL_TEST_DATA "/golden/") + name);
+    std::stringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+TEST_F(BusFixture, AnswersAQueryByteForByte) {
+    const auto reply = post(query(revenue, "objectClass defaultName disabled"));
+    EXPECT_EQ(reply.status, 200);
+    EXPECT_EQ(reply.contentType, "text/xml; charset=utf-8");
+    EXPECT_EQ(reply.body, golden("query_reply.xml"));
+}
+
+TEST_F(BusFixture, RefusesWithATypedFaultByteForByte) {
+    const auto reply =
+        post(query("/content/folder[@name='Sales']/report[@name='Salary comparison']", "defaultName"));
+    EXPECT_EQ(reply.status, 500);
+    EXPECT_EQ(reply.contentType, "text/xml; charset=utf-8");
+    EXPECT_EQ(reply.body, golden("fault_reply.xml"));
+}
+
+TEST_F(BusFixture, SortsPagesAndTellsOfReferences) {
+    const std::string sort =
+        list("sortBy", "sort",
+             "<item xsi:type=\"bus:sort\">" + element("order", "bus:orderEnum", "descending") +
+                 element("propName", "bus:propEnum", "defaultName") + "</item>");
+    const std::string options =
+        element("options", "bus:queryOptions",
+                element("maxObjects", "xs:int", "1") + element("skipObjects", "xs:int", "1"));
+    const auto reply = post(query("/content/*", "defaultName parent", sort + options));
+    EXPECT_THAT(reply.body,
+                AllOf(HasSubstr("bus:baseClass[1]"), HasSubstr(">Retail<"), Not(HasSubstr(">Sales<"))));
+    EXPECT_THAT(reply.body, HasSubstr("<item xsi:type=\"bus:content\">"));
+    EXPECT_THAT(reply.body, HasSubstr(">/content</bus:value>"));
+}
+
+TEST_F(BusFixture, AddsUpdatesAndDeletes) {
+    const auto prop = [](const char* name, const char* type, const std::string& value,
+                         const char* valueType = "xs:string") {
+        return element(name, std::string("bus:") + type, element("value", valueType, value));
+    };
+    const auto objects = [](const std::string& type, const std::string& members) {
+        return list("objects", "baseClass", "<item xsi:type=\"bus:" + type + "\">" + members + "</item>");
+    };
+    const auto parent = element("parentPath", "bus:searchPathSingleObject", "/content");
+    const auto name = prop("defaultName", "tokenProp", "Tom &amp; Mei's");
+    const std::string path = "/content/folder[@name=\"Tom &amp; Mei's\"]";
+
+    auto reply = post(envelope(
+        "add", parent + objects("folder", name + prop("hidden", "booleanProp", "true", "xs:boolean"))));
+    EXPECT_EQ(reply.status, 200) << reply.body;
+    EXPECT_THAT(reply.body, HasSubstr("/content/folder[@name=&quot;Tom &amp; Mei&apos;s&quot;]"));
+    EXPECT_THAT(post(envelope("add", parent + objects("folder", name))).body, HasSubstr(">cmNameInUse<"));
+
+    reply = post(envelope("update", objects("folder", prop("defaultDescription", "stringProp", "ours") +
+                                                          prop("searchPath", "stringProp", path))));
+    EXPECT_EQ(reply.status, 200) << reply.body;
+    reply = post(query(path, "defaultDescription hidden"));
+    EXPECT_THAT(reply.body, AllOf(HasSubstr(">ours<"), HasSubstr(">true<")));
+
+    reply = post(envelope("delete", objects("folder", prop("searchPath", "stringProp", path))));
+    EXPECT_THAT(reply.body, HasSubstr("<bus:result xsi:type=\"xs:int\">1</bus:result>"));
+    EXPECT_THAT(post(query(path, "defaultName")).body, HasSubstr("bus:baseClass[0]"));
+}
+
+struct BadRequest {
+    const char* name;
+    std::string body;
+    const char* code;
+};
+
+class BadRequests : public BusFixture {
+protected:
+    static std::vector<BadRequest> all() {
+        const std::string good = query(revenue, "defaultName");
+        std::string otherService = good;
+        otherService.replace(otherService.find("contentManagerService"), 21, "nobodysService");
+        std::string deep;
+        for (int i = 0; i < 20000; ++i)
+            deep += "<a>";
+        const auto path = [](const std::string& text) {
+            return element("searchPath", "bus:searchPathMultipleObject", text);
+        };
+        return {
+            {"nothing", "", "busBadRequest"},
+            {"no XML", "hello", "busBadRequest"},
+            {"a page", "<html><body>hello</body></html>", "busBadRequest"},
+            {"a broken end", good.substr(0, good.size() / 2), "busBadRequest"},
+            {"bytes that are no UTF-8", query("/content/*\xff", "name"), "busBadRequest"},
+            {"a document type", "<!DOCTYPE a [<!ENTITY b \"c\">]>" + good.substr(good.find("<SOAP")),
+             "busBadRequest"},
+            {"an unknown service", otherService, "busBadRequest"},
+            {"an unknown operation", envelope("quarry", ""), "busBadRequest"},
+            {"an unknown parameter", envelope("query", element("path", "xs:string", "/content")),
+             "busBadRequest"},
+            {"a parameter of a wrong type", envelope("query", element("searchPath", "bus:nameValue", "")),
+             "busBadRequest"},
+            {"an unknown type", envelope("query", element("searchPath", "bus:nothing", "")), "busBadRequest"},
+            {"an unknown property", query(revenue, "noSuchProperty"), "busBadRequest"},
+            {"no end of elements", envelope("query", deep), "busBadRequest"},
+            {"no parameters", envelope("query", ""), "cmBadSearchPath"},
+            {"an operation not offered", envelope("ping", ""), "busNotOffered"},
+            {"a fault",
+             "<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/soap/envelope/\"><e:Body><e:Fault>"
+             "<e:faultcode>x</e:faultcode></e:Fault></e:Body></e:Envelope>",
+             "busBadRequest"},
+            {"a path that is none", envelope("query", path("content")), "cmBadSearchPath"},
+            {"a closed folder", query("/content/folder[@name='Payroll']/*", "name"), "cmNoPermission"}};
+    }
+};
+
+TEST_F(BadRequests, GetAFaultWithTheirCodeAndTheConnectionGoesOn) {
+    Poco::Net::HTTPClientSession session("127.0.0.1", port());
+    session.setKeepAlive(true);
+    for (const auto& bad : all()) {
+        const auto reply = send(session, "POST", "/", "text/xml", bad.body);
+        EXPECT_EQ(reply.status, 500) << bad.name;
+        EXPECT_THAT(reply.body, HasSubstr(std::string(">") + bad.code + "<")) << bad.name << "\n"
+                                                                              << reply.body;
+        const auto next = send(session, "POST", "/", "text/xml", query(revenue, "defaultName"), true);
+        EXPECT_EQ(next.status, 200) << "after " << bad.name << "\n" << next.body;
+    }
+}
+
+TEST_F(BusFixture, AnswersWhatIsNoCallWithAStatus) {
+    struct Case {
+        const char* method;
+        const char* path;
+        const char* contentType;
+        int status;
+        const char* allow;
+    };
+    Poco::Net::HTTPClientSession session("127.0.0.1", port());
+    session.setKeepAlive(true);
+    for (const auto& c :
+         {Case{"GET", "/", "", 200, ""}, Case{"GET", "/wsdl", "", 405, "POST"},
+          Case{"DELETE", "/", "", 405, "GET, POST"}, Case{"PUT", "/", "text/xml", 405, "GET, POST"},
+          Case{"POST", "/", "application/json", 415, ""}, Case{"POST", "/", "", 415, ""},
+          Case{"POST", "/", "multipart/related; boundary=x", 415, ""}}) {
+        const auto reply =
+            send(session, c.method, c.path, c.contentType, c.method == std::string("GET") ? "" : "{}");
+        EXPECT_EQ(reply.status, c.status) << c.method << " " << c.path << " " << c.contentType;
+        EXPECT_EQ(reply.allow, c.allow) << c.method << " " << c.path;
+        EXPECT_THAT(reply.contentType, StartsWith("text/plain"));
+        EXPECT_THAT(reply.body, Not(testing::IsEmpty()));
+    }
+}
+
+TEST_F(BusFixture, RefusesBodiesBeyondTheLimitWithAndWithoutALength) {
+    const std::string large = query(revenue, "name") + std::string(2U << 20U, ' ');
+    for (const bool chunked : {false, true}) {
+        Poco::Net::HTTPClientSession session("127.0.0.1", port());
+        try {
+            EXPECT_EQ(send(session, "POST", "/", "text/xml", large, chunked).status, 413);
+        } catch (const Poco::Exception&) {
+            // the bus may close before the client is through: as good as the status
+        }
+        EXPECT_EQ(post(query(revenue, "name")).status, 200);
+    }
+}
+
+TEST_F(BusFixture, OutlivesClientsThatSpeakNoHttp) {
+    for (const std::string bytes :
+         {std::string("\x16\x03\x01\x02 hello"), std::string("POST / HTTP/1.1\r\n\r\n"),
+          std::string(100000, 'x'),
+          std::string("POST / HTTP/1.1\r\nContent-Type: text/xml\r\nContent-Length: 100\r\n\r\n<half"),
+          std::string("POST / HTTP/1.1\r\nContent-Type: text/xml\r\nContent-Length: -5\r\n\r\n"),
+          std::string(
+              "POST / HTTP/1.1\r\nContent-Type: text/xml\r\nTransfer-Encoding: chunked\r\n\r\nzz\r\n<")}) {
+        Poco::Net::StreamSocket socket(Poco::Net::SocketAddress("127.0.0.1", port()));
+        try {
+            socket.sendBytes(bytes.data(), static_cast<int>(bytes.size()));
+        } catch (const Poco::Exception&) { // closed on us, which is fine
+        }
+        socket.close();
+        EXPECT_EQ(post(query(revenue, "name")).status, 200) << bytes.substr(0, 80);
+    }
+}
+
+TEST_F(BusFixture, ServesManyClientsAtATime) {
+    std::atomic<int> good{0};
+    std::vector<std::thread> clients;
+    for (int i = 0; i < 8; ++i)
+        clients.emplace_back([&] {
+            Poco::Net::HTTPClientSession session("127.0.0.1", port());
+            session.setKeepAlive(true);
+            for (int call = 0; call < 25; ++call)
+                if (send(session, "POST", "/", "text/xml", query("/content//report", "defaultName owner"))
+                        .status == 200)
+                    ++good;
+        });
+    for (auto& client : clients)
+        client.join();
+    EXPECT_EQ(good.load(), 8 * 25);
+}
+
+TEST_F(BusFixture, StopsAtOnceWithIdleConnectionsOpen) {
+    Poco::Net::HTTPClientSession session("127.0.0.1", port());
+    session.setKeepAlive(true);
+    send(session, "GET", "/", "", "");
+    const auto start = std::chrono::steady_clock::now();
+    m_server->stop();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
+    EXPECT_ANY_THROW(post(query(revenue, "name")));
+}
+
+} // namespace
+} // namespace mrl::bus
