@@ -9,10 +9,11 @@
 
 namespace {
 
-constexpr char credentialName[] = "ZORCredential";
+constexpr const char* CREDENTIAL = "ZORCredential";
+constexpr std::size_t CREDENTIALS = 1;
 
 bool isCredential(const char* name) {
-    return std::strcmp(name, credentialName) == 0;
+    return std::strcmp(name, CREDENTIAL) == 0;
 }
 
 } // namespace
@@ -31,15 +32,13 @@ MRLSchemaTypeI::ObjectType MRLZOR_Unsupported::getObjectType() const {
 }
 
 const std::string& MRLZOR_Unsupported::getGeneratedObjectName() const {
-    static const std::string name(s_className);
-    return name;
+    static const std::string s_name = s_className;
+    return s_name;
 }
 
 void* MRLZOR_Unsupported::getChildObject(const char* name, int create) {
     HBL_ASSERT(name);
-    if (isCredential(name))
-        return mrl::detail::childObject(m_credential, create);
-    return MRLZOR::getChildObject(name, create);
+    return isCredential(name) ? const_cast<char*>(m_credential) : MRLZOR::getChildObject(name, create);
 }
 
 MRLSchemaTypeI::ObjectType MRLZOR_Unsupported::getChildType(const char* name) const {
@@ -50,28 +49,43 @@ MRLSchemaTypeI::ObjectType MRLZOR_Unsupported::getChildType(const char* name) co
 std::size_t MRLZOR_Unsupported::setChildObject(const char* name, void* obj, const ObjectType& type,
                                                std::size_t* index) {
     HBL_ASSERT(name);
-    if (!isCredential(name))
+    if (!isCredential(name)) {
         return MRLZOR::setChildObject(name, obj, type, index);
+    }
     HBL_ASSERT(obj != NULL);
-    if (MRLSchemaTypesFactory::isString(type) == 0)
-        MRLSchemaTypesFactory::typeError(s_className, credentialName, eString, type);
+    if (MRLSchemaTypesFactory::isString(type) == 0) {
+        MRLSchemaTypesFactory::typeError("ZOR", name, eString, type);
+    }
     m_credential = mrl::detail::textOf(obj, type);
     return 0;
 }
 
 void MRLZOR_Unsupported::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
-    if (reserve)
-        names.reserve(getChildObjectCount());
-    MRLZOR::getChildObjectNames(names, false);
-    names.push_back(credentialName);
+    MRLZOR::getChildObjectNames(names, reserve);
+    names.push_back(CREDENTIAL);
+}
+
+std::size_t MRLZOR_Unsupported::getChildObjectCount() const {
+    std::vector<const char*> inherited; // the base keeps its count to itself
+    MRLZOR::getChildObjectNames(inherited, true);
+    return inherited.size() + CREDENTIALS;
 }
 
 int MRLZOR_Unsupported::isa(ObjectType type) const {
     return type == s_objectType ? 1 : MRLZOR::isa(type);
 }
 
-std::size_t MRLZOR_Unsupported::getChildObjectCount() const {
-    std::vector<const char*> inherited;
-    MRLZOR::getChildObjectNames(inherited, false);
-    return inherited.size() + 1;
+int MRLZOR_Unsupported::operator==(const MRLSchemaTypeI& other) const {
+    if (this == &other) {
+        return 1;
+    }
+    if (other.isa(s_objectType) == 0) {
+        return 0;
+    }
+    const auto& same = static_cast<const MRLZOR_Unsupported&>(other);
+    return mrl::detail::equalText(m_credential, same.m_credential) ? MRLZOR::operator==(other) : 0;
+}
+
+int MRLZOR_Unsupported::operator!=(const MRLSchemaTypeI& other) const {
+    return MRLZOR_Unsupported::operator==(other) != 0 ? 0 : 1;
 }

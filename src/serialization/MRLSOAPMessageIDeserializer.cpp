@@ -1,0 +1,131 @@
+#include "serialization/MRLSOAPMessageIDeserializer.h"
+
+#include "Toolkit/MRLMessageI.h"
+#include "Toolkit/MRLObjectRegistryFactory.h"
+#include "Toolkit/MRLPortTypeBinding.h"
+#include "serialization/MRLMessageIContentHandler.h"
+#include "serialization/MRLSOAPFaultException.h"
+#include "serialization/MRLXMLChConstants.h"
+#include "serialization/detail/EnvelopeGuard.h"
+#include "serialization/detail/GuardedInput.h"
+#include "serialization/detail/Throw.h"
+
+#include "HBLCore/HBLFailure.h"
+#include "HBLCore/I18NString.h"
+#include "PLQStreams/PLQStreamInputSource.h"
+
+#include <xercesc/sax/SAXException.hpp>
+#include <xercesc/sax/SAXParseException.hpp>
+#include <xercesc/sax2/SAX2XMLReader.hpp>
+#include <xercesc/sax2/XMLReaderFactory.hpp>
+#include <xercesc/util/XMLException.hpp>
+#include <xercesc/util/XMLUni.hpp>
+
+#include <memory>
+#include <string>
+
+using mrl::detail::throwFailure;
+using xercesc::XMLUni;
+
+namespace {
+
+constexpr const char* PARSE = "MRLSOAPMessageIDeserializer::parse";
+constexpr const char* PARSE_CALL = "MRLSOAPMessageIDeserializer::parse()";
+
+/// UTF-16 units of text that the parser gathers before it hands them on.
+constexpr XMLSize_t TEXT_PIECE = 64 * 1024;
+
+std::string narrowed(const XMLCh* text) {
+    return I18NString(text).toUtf8();
+}
+
+[[noreturn]] void malformed(const std::string& words) {
+    throwFailure(HBL_HERE, PARSE, msg::malformedXml, words);
+}
+
+/// A parser without validation that never looks outside the document.
+std::unique_ptr<xercesc::SAX2XMLReader> createReader(mrl::detail::EnvelopeGuard& guard) {
+    std::unique_ptr<xercesc::SAX2XMLReader> reader(xercesc::XMLReaderFactory::createXMLReader());
+    reader->setContentHandler(&guard);
+    reader->setErrorHandler(&guard);
+    reader->setLexicalHandler(&guard);
+    reader->setEntityResolver(&guard);
+    reader->setFeature(XMLUni::fgXercesSchema, false);
+    reader->setFeature(XMLUni::fgSAX2CoreValidation, false);
+    reader->setFeature(XMLUni::fgSAX2CoreNameSpaces, true);
+    reader->setFeature(XMLUni::fgSAX2CoreNameSpacePrefixes, true);
+    reader->setFeature(XMLUni::fgXercesLoadExternalDTD, false);
+    reader->setFeature(XMLUni::fgXercesDisableDefaultEntityResolution, true);
+    reader->setInputBufferSize(TEXT_PIECE);
+    return reader;
+}
+
+} // namespace
+
+MRLSOAPMessageIDeserializerI::~MRLSOAPMessageIDeserializerI() = default;
+
+MRLSOAPMessageIDeserializer::MRLSOAPMessageIDeserializer()
+    : m_limits(MRLReaderLimits::getDefaults()) {
+    MRLXMLChConstants::getInstance(); // starts the XML library
+}
+
+MRLSOAPMessageIDeserializer::~MRLSOAPMessageIDeserializer() = default;
+
+void MRLSOAPMessageIDeserializer::parse(PLQInputStream& stream, MRLPortTypeBinding& binding,
+                                        MRLMessageI& message) {
+    MRLMessageI* const pMsg = &message;
+    HBL_ASSERT(pMsg);
+    m_tavelHeader = nullptr;
+    m_objectRegistry = &message.getObjectRegistry();
+    MRLMessageIContentHandler handler(binding, message, &m_converter);
+    parse(stream, handler);
+}
+
+void MRLSOAPMessageIDeserializer::parse(PLQInputStream& stream, const std::vector<MRLPortTypeI*>& portTypes,
+                                        HBLSmartPointer<MRLPortTypeBinding>& bindingOut) {
+    m_tavelHeader = nullptr;
+    m_objectRegistry = MRLObjectRegistryFactory::getInstance().create();
+    MRLMessageIContentHandler handler(portTypes, &m_converter);
+    parse(stream, handler);
+    bindingOut = handler.getBinding();
+    bindingOut->getInputMessage().setObjectRegistry(m_objectRegistry.get());
+}
+
+void MRLSOAPMessageIDeserializer::parse(PLQInputStream& stream, MRLMessageIContentHandler& handler) {
+    try {
+        run(stream, handler);
+        m_tavelHeader = handler.getTavelHeader();
+        if (MRLSOAPFault* const fault = handler.getSOAPFault()) {
+            HBL_THROW(MRLSOAPFaultException(m_tavelHeader, *fault, m_objectRegistry.get()), PARSE_CALL);
+        }
+    } catch (const xercesc::SAXParseException& e) {
+        m_tavelHeader = handler.getTavelHeader();
+        malformed(narrowed(e.getMessage()) + narrowed(e.getSystemId()));
+    } catch (const xercesc::SAXException& e) {
+        m_tavelHeader = handler.getTavelHeader();
+        malformed(narrowed(e.getMessage()));
+    } catch (const xercesc::XMLException& e) {
+        m_tavelHeader = handler.getTavelHeader();
+        malformed(narrowed(e.getMessage()));
+    } catch (HBLThrowable& e) {
+        m_tavelHeader = handler.getTavelHeader();
+        HBL_RETHROW(PARSE_CALL);
+    } catch (const std::exception& e) {
+        m_tavelHeader = handler.getTavelHeader();
+        HBL_THROW(HBLStdExceptionError(e), PARSE_CALL);
+    } catch (...) {
+        m_tavelHeader = handler.getTavelHeader();
+        throwFailure(HBL_HERE, PARSE, msg::unknownParseFailure);
+    }
+}
+
+void MRLSOAPMessageIDeserializer::run(PLQInputStream& stream, MRLMessageIContentHandler& handler) {
+    handler.setObjectRegistry(m_objectRegistry.get());
+    handler.setAttachmentHandler(m_attachmentHandler);
+    mrl::detail::GuardedInput input(stream, m_limits);
+    mrl::detail::EnvelopeGuard guard(handler, input, m_limits);
+    const std::unique_ptr<xercesc::SAX2XMLReader> reader = createReader(guard);
+    const PLQStreamInputSource source(input);
+    reader->parse(source);
+    input.rethrowFailure();
+}

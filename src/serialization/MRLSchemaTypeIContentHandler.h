@@ -1,0 +1,109 @@
+#pragma once
+
+#include "Toolkit/MRLSchemaTypeI.h"
+#include "Toolkit/MRL_String.h"
+#include "serialization/MRLContentHandler.h"
+#include "serialization/MRLPrefixMapping.h"
+#include "serialization/detail/ElementStack.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class MRL_AttachmentHandler;
+
+/// Builds the value of one parameter, or the header, from the events inside its element. The
+/// element's own start is the constructor, its end is getObject(). The registry owns every value from
+/// the moment it exists, so that a parse that fails leaves nothing behind. One thread, one element.
+///
+/// Every type check of the reader is here. An element without a type takes the declared type of its
+/// place, and elements that the parent's class does not know are skipped with all their content, so
+/// that newer services can be read.
+class MRLSchemaTypeIContentHandler : public MRLContentHandler {
+public:
+    using ObjectType = MRLSchemaTypeI::ObjectType;
+
+    /// @param expectedType the declared type; e_Unknown when only the element itself can tell. Without
+    ///        any type the element is skipped.
+    /// @param objectRegistry takes the values; borrowed.
+    /// @throws MRLException when the element's type is malformed or does not fit.
+    MRLSchemaTypeIContentHandler(const XMLCh* localname, const xercesc::Attributes& attributes,
+                                 const MRLPrefixMappings& inScopeMappings, ObjectType expectedType,
+                                 MRLObjectRegistryI* objectRegistry, const I18NConverter* converter);
+    ~MRLSchemaTypeIContentHandler() override;
+
+    void startDocument() override;
+    void endDocument() override;
+    void startElement(const XMLCh* uri, const XMLCh* localname, const XMLCh* qname,
+                      const xercesc::Attributes& attributes) override;
+    void endElement(const XMLCh* uri, const XMLCh* localname, const XMLCh* qname) override;
+    void characters(const XMLCh* chars, XMLSize_t length) override;
+    void startPrefixMapping(const XMLCh* prefix, const XMLCh* uri) override;
+    void endPrefixMapping(const XMLCh* prefix) override;
+
+    /// The type of the innermost open element; e_Unknown while an element is skipped.
+    ObjectType getObjectType() const;
+
+    /// Finishes the innermost open element and gives its value, null for a nil element.
+    /// @throws HBLAssertError when the whole element was skipped; MRLException for a text that is no
+    ///         value of the type.
+    void* getObject();
+
+    /// Takes the references to attachments; borrowed, null for none.
+    void setAttachmentHandler(MRL_AttachmentHandler* handler) { m_attachmentHandler = handler; }
+
+private:
+    using ElementEntry = mrl::detail::ElementEntry;
+
+    /// What a prefix stands for, as far as the reader cares.
+    enum class Space : std::uint8_t { unknown, encoding, bus, xmlSchema };
+    struct Mapping {
+        std::uint32_t prefixKey;
+        Space space;
+    };
+
+    // Types (MRLSchemaTypeIContentHandlerTypes.cpp)
+    ObjectType getObjectType(const char* localname, const xercesc::Attributes& attributes);
+    ObjectType getArrayType(const char* localname, std::u16string_view type, const XMLCh* arrayType);
+    std::u16string getBusXsiType(std::u16string_view arrayType, const char* localname) const;
+    ObjectType getNamedType(std::u16string_view type, std::string_view prefix, const char* localname);
+    Space getURIForPrefix(std::u16string_view prefix) const;
+    static std::uint32_t prefixKey(std::u16string_view prefix);
+    static Space spaceOf(const XMLCh* uri);
+    static bool isNil(const xercesc::Attributes& attributes);
+    static const XMLCh* contentIdOf(const xercesc::Attributes& attributes);
+    static void checkType(const char* name, const void* object, ObjectType type, ObjectType expected);
+    static void checkItem(const void* item, ObjectType type, ObjectType declared);
+
+    // Elements
+    void refuseInEmptyElement();
+    void startMember(ElementEntry& parent, const char* name, ObjectType declared, ObjectType xsiType);
+    void startItem(ElementEntry& parent, const char* name, ObjectType xsiType);
+    void startUndocumentedDetail(ElementEntry& array);
+    ElementEntry& replaceByOldCredentialForm(ElementEntry& block);
+    ElementEntry& pushNew(const char* name, ObjectType type);
+    void freshText();
+
+    // Values (MRLSchemaTypeIContentHandlerValues.cpp)
+    void* newValue(ObjectType type);
+    void setCurrentCharacterData(ElementEntry& entry);
+    void adoptText(ElementEntry& entry);
+    void setOwnText(ElementEntry& entry);
+    void setInParent(const ElementEntry& entry, MRLSchemaTypeI& parent);
+
+    std::vector<Mapping> m_inScopePrefixesToNamespaceMappings;
+    mrl::detail::ElementStack m_objStack;
+    MRLObjectRegistryI* m_objectRegistry; // borrowed
+    std::optional<std::string> m_nilElementName;
+    std::optional<std::string> m_contentId;
+    std::unique_ptr<MRL_String> m_currentText;
+    char16_t m_halfPair = 0; // a leading unit whose other half comes with the next characters
+    MRL_AttachmentHandler* m_attachmentHandler = nullptr; // borrowed
+    bool m_credentialSeen = false;
+    MRLSchemaTypeI* m_credential = nullptr; // borrowed from the registry
+    std::uint32_t m_skipDepth = 0;
+    std::string m_typeName; // kept for its room
+};
