@@ -188,6 +188,8 @@ TEST(Request, ToAnUnusableUrlIsRefusedByName) {
     Toolkit toolkit;
     for (const BadUrl& row : table)
         expectFailure([&] { session(*toolkit.factory, row.url); }, row.error, row.words);
+    EXPECT_EQ(mrl::detail::Endpoint::parse("HTTP://[::1]:93/").authority(), "[::1]:93");
+    EXPECT_EQ(mrl::detail::Endpoint::of("host", 9300, "x?y").path, "/x?y");
     expectFailure([&] { session(*toolkit.factory, "http://host/", 0); }, TavelTKError::badArgument, "0 s");
 }
 

@@ -11,6 +11,12 @@ namespace {
 constexpr std::size_t s_drainBytes = 65536;
 constexpr milliseconds s_drainTime{100};
 
+/// A content id without the angle brackets that some peers leave out.
+std::string_view bare(std::string_view id) {
+    const bool isFramed = id.size() >= 2 && id.front() == '<' && id.back() == '>';
+    return isFramed ? id.substr(1, id.size() - 2) : id;
+}
+
 } // namespace
 
 HttpMessageReader::HttpMessageReader(Wire& wire)
@@ -51,7 +57,7 @@ void HttpMessageReader::openMultipart(std::string_view boundary, const std::stri
         m_wire.fail(TavelTKError::badMultipart, TavelTKPhase::readReply, "it has no parts");
     const Headers& headers = m_parts->headers();
     const std::string* const id = headers.find("Content-ID");
-    if (!start.empty() && (!id || *id != start))
+    if (!start.empty() && (!id || bare(*id) != bare(start)))
         m_wire.fail(TavelTKError::unsupported, TavelTKPhase::readReply,
                     "the envelope '" + printable(start) + "' is not the first part of the multipart reply");
     const std::string* const type = headers.find("Content-Type");

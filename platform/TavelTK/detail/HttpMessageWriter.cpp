@@ -1,9 +1,8 @@
 #include "TavelTK/detail/HttpMessageWriter.h"
 
+#include "HBLCore/HBLBase64.h"
 #include "TavelTK/detail/Failure.h"
 #include "TavelTK/detail/Headers.h"
-
-#include <openssl/evp.h>
 
 #include <algorithm>
 #include <array>
@@ -16,11 +15,8 @@ constexpr std::string_view s_rootId = "envelope@mrl";
 constexpr std::string_view s_xmlType = "text/xml; charset=utf-8";
 
 std::string base64(std::string_view text) {
-    std::string coded((text.size() + 2) / 3 * 4 + 1, '\0');
-    const int length =
-        EVP_EncodeBlock(reinterpret_cast<unsigned char*>(coded.data()),
-                        reinterpret_cast<const unsigned char*>(text.data()), static_cast<int>(text.size()));
-    coded.resize(static_cast<std::size_t>(length));
+    std::string coded(HBLBase64EncodedSize(text.size(), 0), '\0');
+    HBLBase64Encode(text.data(), text.size(), coded.data(), 0);
     return coded;
 }
 
