@@ -215,7 +215,8 @@ TEST(UnsupportedCredential, StandsBesideTheMembersOfItsElement) {
     EXPECT_EQ(value.getZORCredential(), text.str());
     EXPECT_EQ(value.getChildObject("ZORCredential", 0), text.str());
     EXPECT_EQ(value.getChildType("ZORCredential"), MRLSchemaTypeI::eString);
-    EXPECT_THROW(value.setChildObject("ZORCredential", &text, MRLSchemaTypeI::eInt, nullptr), MRLException);
+    expectFailure([&] { value.setChildObject("ZORCredential", &text, MRLSchemaTypeI::eInt, nullptr); },
+                  0xA647C21F, {"ZOR", "ZORCredential", "xs:string", "xs:int"});
 
     std::vector<const char*> names;
     value.getChildObjectNames(names, true);
@@ -229,6 +230,7 @@ TEST(UnsupportedCredential, StandsBesideTheMembersOfItsElement) {
     const MRLZOR_Unsupported copy(value, *registry);
     EXPECT_STREQ(copy.getZORCredential(), "secret");
     EXPECT_NE(copy.getZORCredential(), text.str());
+    EXPECT_TRUE(copy == value);
 }
 
 } // namespace
