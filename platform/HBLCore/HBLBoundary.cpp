@@ -3,6 +3,7 @@
 #include "HBLCore/HBLOutOfMemoryError.h"
 #include "HBLCore/HBLStdExceptionError.h"
 
+#include <limits>
 #include <new>
 
 void hblOutOfMemory(const HBLFileLocation& where, const char* function) {
@@ -23,6 +24,8 @@ void hblRethrowCurrent(const char* function, const HBLFileLocation& where) {
 }
 
 char* hblNewChars(const HBLFileLocation& where, std::size_t n) {
+    if (n > static_cast<std::size_t>(std::numeric_limits<std::ptrdiff_t>::max())) // no object is larger
+        hblOutOfMemory(where);
     try {
         return new char[n];
     } catch (...) {

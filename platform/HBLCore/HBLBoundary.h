@@ -6,6 +6,7 @@
 #include "HBLCore/HBLFileLocation.h"
 
 #include <cstddef>
+#include <new>
 #include <utility>
 
 /// Throws HBLOutOfMemoryError.
@@ -41,3 +42,14 @@ T* hblNew(const HBLFileLocation& where, Args&&... args) {
 
 /// `new char[n]` under the same rule; the bytes are not initialized. Give back with delete[].
 MRL_EXPORT char* hblNewChars(const HBLFileLocation& where, std::size_t n);
+
+/// Throws a copy of `thrown`, which is of its own type T; HBLOutOfMemoryError when there is no memory for
+/// the copy. What every hurl() ends with.
+template <class T>
+[[noreturn]] void hblThrowCopy(const T& thrown, const HBLFileLocation& where, const char* function) {
+    try {
+        throw T(thrown);
+    } catch (const std::bad_alloc&) {
+        hblOutOfMemory(where, function);
+    }
+}

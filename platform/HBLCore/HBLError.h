@@ -31,7 +31,7 @@ public:
     HBLError* clone() const override { return hblNew<Derived>(HBL_HERE, static_cast<const Derived&>(*this)); }
     [[noreturn]] void hurl(const HBLFileLocation& where, const char* function, const char* macro) override {
         addBackTrace(where, function, macro);
-        throw Derived(static_cast<const Derived&>(*this));
+        hblThrowCopy(static_cast<const Derived&>(*this), where, function);
     }
     const char* getThrowableName() const override { return Derived::s_name; }
 

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const std::string kFallbackLanguage = "en";
+constexpr std::string_view kFallbackLanguage = "en";
 
 bool isMessageNumber(std::string_view text) {
     return text.size() == 10 && text.starts_with("0x") &&
@@ -61,7 +61,7 @@ std::vector<std::string> languagesFor(const char* language) {
             name->resize(cut == std::string::npos ? 0 : cut);
         }
     if (languages.empty() || languages.back() != kFallbackLanguage)
-        languages.push_back(kFallbackLanguage);
+        languages.emplace_back(kFallbackLanguage);
     return languages;
 }
 

@@ -36,7 +36,7 @@ MRLException* MRLException::clone() const {
 
 void MRLException::hurl(const HBLFileLocation& where, const char* function, const char* macro) {
     addBackTrace(where, function, macro);
-    throw MRLException(*this);
+    hblThrowCopy(*this, where, function);
 }
 
 const char* MRLException::getThrowableName() const {

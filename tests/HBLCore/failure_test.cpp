@@ -109,7 +109,7 @@ struct ThrowsWhenMade {
 TEST(Allocation, NeverGivesNull) {
     EXPECT_THROW(hblNew<NullFromNew>(HBL_HERE), HBLOutOfMemoryError);
     EXPECT_THROW(hblNew<ThrowsWhenMade>(HBL_HERE), HBLStdExceptionError);
-    EXPECT_THROW(hblNewChars(HBL_HERE, static_cast<std::size_t>(-1) / 2), HBLOutOfMemoryError);
+    EXPECT_THROW(hblNewChars(HBL_HERE, static_cast<std::size_t>(-1)), HBLOutOfMemoryError);
     const std::unique_ptr<std::string> made(hblNew<std::string>(HBL_HERE, "text"));
     EXPECT_EQ(*made, "text");
 }

@@ -1,0 +1,144 @@
+#include "HBLCore/HBLByteBuffer.h"
+#include "HBLCore/HBLFailure.h"
+#include "HBLCore/HBLMessage.h"
+#include "HBLCore/HBLMessageString.h"
+#include "HBLCore/I18NConverter.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <functional>
+#include <new>
+
+namespace {
+
+/// Allocations of this thread that still succeed; below 0 there is no limit.
+thread_local int t_allocationsLeft = -1;
+
+void* allocate(std::size_t size) {
+    if (t_allocationsLeft == 0)
+        throw std::bad_alloc();
+    if (t_allocationsLeft > 0)
+        --t_allocationsLeft;
+    if (void* block = std::malloc(size ? size : 1))
+        return block;
+    throw std::bad_alloc();
+}
+
+} // namespace
+
+// Not inlined: the compiler would see new paired with free.
+[[gnu::noinline]] void* operator new(std::size_t size) {
+    return allocate(size);
+}
+[[gnu::noinline]] void* operator new[](std::size_t size) {
+    return allocate(size);
+}
+[[gnu::noinline]] void operator delete(void* block) noexcept {
+    std::free(block);
+}
+[[gnu::noinline]] void operator delete[](void* block) noexcept {
+    std::free(block);
+}
+[[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept {
+    std::free(block);
+}
+[[gnu::noinline]] void operator delete[](void* block, std::size_t) noexcept {
+    std::free(block);
+}
+
+namespace {
+
+const char* const kLong = "a text that is too long to be kept inside of a string object";
+
+class Failure : public HBLException {
+public:
+    Failure()
+        : HBLException(eHBLSeverityError, 1) {}
+    HBLThrowable* clone() const override { return hblNew<Failure>(HBL_HERE, *this); }
+    void hurl(const HBLFileLocation& where, const char* function, const char* macro) override {
+        addBackTrace(where, function, macro);
+        hblThrowCopy(*this, where, function);
+    }
+    const char* getThrowableName() const override { return "Failure"; }
+};
+
+struct Step {
+    const char* name;
+    std::function<void()> run;
+};
+
+class WithoutMemory : public testing::TestWithParam<Step> {};
+
+TEST_P(WithoutMemory, EndsInAThrowableWhicheverAllocationFails) {
+    GetParam().run(); // what is made once, on first use
+    bool failed = true;
+    for (int allowed = 0; failed && allowed < 1000; ++allowed) {
+        failed = false;
+        std::string unexpected;
+        try {
+            t_allocationsLeft = allowed;
+            GetParam().run();
+            t_allocationsLeft = -1;
+        } catch (HBLOutOfMemoryError& e) {
+            t_allocationsLeft = -1;
+            failed = true;
+            EXPECT_STREQ(e.getMessage(), "out of memory");
+        } catch (std::exception& e) {
+            t_allocationsLeft = -1;
+            unexpected = e.what();
+        }
+        EXPECT_EQ(unexpected, "") << "with " << allowed << " allocations";
+    }
+    EXPECT_FALSE(failed) << "never enough memory";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Steps, WithoutMemory,
+    testing::Values(Step{"a failed assertion",
+                         [] {
+                             try {
+                                 hblRethrowing(kLong, [] { hblAssertFailed(kLong, HBL_HERE, kLong); });
+                             } catch (HBLAssertError& e) {
+                                 HBLAssertError copy = e;
+                                 copy.addBackTrace(HBL_HERE, kLong, kLong);
+                             }
+                         }},
+                    Step{"an exception with messages",
+                         [] {
+                             hblRethrowing(nullptr, [] {
+                                 try {
+                                     Failure failure;
+                                     HBLMessage message("Test", 1);
+                                     message << kLong << 7;
+                                     failure.addMessage(message);
+                                     failure.addMessage(HBLMessageString(kLong));
+                                     HBL_THROW(failure, kLong);
+                                 } catch (Failure& e) {
+                                     delete e.clone();
+                                 }
+                             });
+                         }},
+                    Step{"a growing buffer",
+                         [] {
+                             HBLByteBuffer buffer;
+                             buffer << kLong << kLong;
+                             HBLByteBuffer copy(buffer);
+                             copy.setLength(5000);
+                         }},
+                    Step{"a conversion",
+                         [] {
+                             hblRethrowing(nullptr, [] {
+                                 const I18NString text(kLong);
+                                 text.c_str();
+                                 delete[] I18NConverter("ISO-8859-1").fromUnicodeNew(text.view());
+                             });
+                         }}),
+    [](const auto& row) {
+        std::string name = row.param.name;
+        std::replace(name.begin(), name.end(), ' ', '_');
+        return name;
+    });
+
+} // namespace
