@@ -76,7 +76,7 @@ class _Pages:
             loader=jinja2.FileSystemLoader(Path(__file__).parent / "templates"),
             undefined=jinja2.StrictUndefined, trim_blocks=True, lstrip_blocks=True,
             keep_trailing_newline=True, autoescape=False)
-        self.environment.filters.update(hex=_hex, quoted=_quoted, comment=_comment)
+        self.environment.filters.update(hex=_hex, quoted=_quoted, comment=_comment, fitted=_fitted)
 
     def __call__(self, path, template, **values):
         return path, self.environment.get_template(template + ".jinja").render(**values)
@@ -101,6 +101,24 @@ def _comment(text, indent=0, width=110):
         else:
             line = f"{line} {word}".lstrip()
     return "\n".join(lead + text for text in [*lines, line])
+
+
+def _fitted(line, width=110):
+    """A signature, broken behind its commas where it does not fit the page."""
+    if len(line) <= width:
+        return line
+    head, parenthesis, rest = line.partition("(")
+    parts = rest.replace(", ", ",\n").split("\n")
+    if len(head) + max(map(len, parts)) < width:
+        lines, indent = [head + parenthesis + parts.pop(0)], " " * (len(head) + 1)
+    else:
+        lines, indent = [head + parenthesis], " " * (len(head) - len(head.lstrip()) + 4)
+    for part in parts:
+        if len(lines[-1]) + len(part) < width and not lines[-1].endswith("("):
+            lines[-1] += " " + part
+        else:
+            lines.append(indent + part)
+    return "\n".join(lines)
 
 
 def write_if_changed(path, text):

@@ -147,7 +147,7 @@ class _Reader:
             self._resolve_element(array)
         for entry, row, source, table, key in self.class_rows:
             entry.members = self._members(row.get("members", []), source, table, key or "members",
-                                          f"the class '{entry.name}'", embedded_arrays=True)
+                                          f"the class '{entry.name}'")
             if not row.get("asWritten", False):
                 self._require_order(entry)
 
@@ -186,22 +186,25 @@ class _Reader:
         array.element = entry.cpp_name
         array.element_type, array.element_xsi_name = entry.enumerator, entry.xsi_name
 
-    def _members(self, rows, source, table, key, owner, embedded_arrays):
+    def _members(self, rows, source, table, key, owner, parameter_docs=None):
+        """The rows of a class, or with `parameter_docs` of a message, which has no unnamed ones and
+        points to its arrays."""
         members = []
+        in_class = parameter_docs is None
         for index, row in enumerate(rows):
             place = source.place(table, key, index)
             check_fields(row, place, f"a row of {owner}", *_ROW)
-            if row["name"] or not embedded_arrays:
+            if row["name"] or not in_class:
                 self._require_name(row["name"], place)
             elif row["type"] != "string" or len(rows) > 1:
                 raise CatalogueError(place, f"{owner} has an unnamed member beside others, or one that "
                                             "is no string",
                                      "only a text class has it: one row with an empty name, a string")
-            members.append(self._member(row, place, owner, embedded_arrays))
+            doc = row.get("doc") or (parameter_docs or {}).get(row["name"], "")
+            members.append(self._member(row["name"], row["type"], doc, place, owner, in_class))
         return members
 
-    def _member(self, row, place, owner, embedded_arrays):
-        name, type_name, doc = row["name"], row["type"], row.get("doc", "")
+    def _member(self, name, type_name, doc, place, owner, in_class):
         if type_name in PRIMITIVES:
             primitive = PRIMITIVES[type_name]
             return schema.Member(name, type_name, primitive.kind, primitive.object_type, place, doc)
@@ -209,7 +212,7 @@ class _Reader:
         if entry is None or getattr(entry, "uri", False):
             raise CatalogueError(place, f"the type '{type_name}' of '{name}' in {owner} is unknown",
                                  "correct the name, or add the type to the catalogue")
-        kind = "array" if isinstance(entry, schema.Array) and embedded_arrays else "object"
+        kind = "array" if isinstance(entry, schema.Array) and in_class else "object"
         return schema.Member(name, type_name, kind, entry.enumerator, place, doc, entry.cpp_name,
                              getattr(entry, "abstract", False))
 
@@ -224,6 +227,7 @@ class _Reader:
     # -- messages and services -----------------------------------------------------------------
 
     def read_messages(self):
+        docs = self._parameter_docs()
         for source in self._files("messages"):
             for stem, row in source.data.items():
                 place = source.place(stem)
@@ -236,11 +240,26 @@ class _Reader:
                                          "remove one of the two rows, or number the overloads")
                 pair = tuple(schema.Message(stem, side, place, row.get("doc", ""),
                                             self._members(row[key], source, stem, key,
-                                                          f"the {key} of '{stem}'", embedded_arrays=False),
+                                                          f"the {key} of '{stem}'", docs),
                                             row.get("null", False))
                              for side, key in (("Request", "request"), ("Reply", "reply")))
                 self.messages[stem] = pair
                 self.model.messages += pair
+
+        self._refuse_stale(docs)
+
+    def _parameter_docs(self):
+        source = self._file("parameters.toml")
+        for name, doc in source.data.items():
+            check_fields({"doc": doc}, source.place("", name), f"the parameter '{name}'", [("doc", str)])
+        return source.data
+
+    def _refuse_stale(self, docs):
+        used = {parameter.name for message in self.model.messages for parameter in message.parameters}
+        for name in docs:
+            if name not in used:
+                raise CatalogueError(self._file("parameters.toml").place("", name),
+                                     f"no message has a parameter '{name}'", "remove the row")
 
     def read_services(self):
         seen = {}

@@ -32,6 +32,12 @@ class Member:
     abstract: bool = False  # the target cannot be made by a getter
 
     @property
+    def summary(self):
+        if self.name and self.doc:
+            return f"{self.name}: {self.doc}"
+        return self.doc or f"The value of `{self.name}`."
+
+    @property
     def key(self):
         return names.crc32(self.name)
 
@@ -95,6 +101,11 @@ class SchemaClass(Type):
     members: list[Member] = field(default_factory=list)
 
     @property
+    def summary(self):
+        kind = f"a kind of `{self.parent.name}`" if self.parent else "a class of its own"
+        return self.doc or f"`{self.name}` in the schema, {kind}."
+
+    @property
     def base(self):
         return self.parent.cpp_name if self.parent else ROOT
 
@@ -115,6 +126,11 @@ class SchemaClass(Type):
     def needs_named_access(self):
         """A level without members answers as its base does, but at the root somebody must answer."""
         return self.has_data or self.parent is None
+
+    @property
+    def copies_into_registry(self):
+        """A copy of numbers makes nothing that a registry must own."""
+        return any(not member.is_nullable for member in self.members)
 
     @property
     def has_settable(self):
@@ -161,6 +177,10 @@ class Enumeration(Type):
     uri: bool = False  # values are URIs; a class for hosts, no type of the wire
 
     @property
+    def summary(self):
+        return self.doc or f"The enumeration `{self.name}` of the schema."
+
+    @property
     def sorted_values(self):
         return sorted(self.values, key=lambda value: value.number)
 
@@ -189,6 +209,11 @@ class Message:
     doc: str = ""
     parameters: list[Member] = field(default_factory=list)
     is_null: bool = False  # stands for no message; has no parameter list, not even an empty one
+
+    @property
+    def summary(self):
+        side = f"The {self.side.lower()} of `{self.stem}`"
+        return f"{side}: {self.doc}" if self.doc else f"{side}."
 
     @property
     def name(self):
@@ -231,6 +256,10 @@ class Service:
     place: Place
     doc: str = ""
     operations: list[Operation] = field(default_factory=list)
+
+    @property
+    def summary(self):
+        return self.doc or f"The service `{self.name}`."
 
     @property
     def cpp_name(self):
