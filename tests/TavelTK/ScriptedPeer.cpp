@@ -4,6 +4,7 @@
 #include <Poco/Net/SocketAddress.h>
 
 #include <chrono>
+#include <memory>
 
 namespace {
 
@@ -77,14 +78,15 @@ void ScriptedPeer::listen() {
         if (m_listener.poll(s_slice, Poco::Net::Socket::SELECT_READ)) {
             ++m_open;
             ++m_connections;
-            m_servers.emplace_back([this, socket = m_listener.acceptConnection()] {
-                try {
-                    serve(socket);
-                } catch (const Poco::Exception&) {
-                    // The client under test has gone away.
-                }
-                --m_open;
-            });
+            m_servers.emplace_back(
+                [this, socket = std::make_unique<Poco::Net::StreamSocket>(m_listener.acceptConnection())] {
+                    try {
+                        serve(*socket);
+                    } catch (const Poco::Exception&) {
+                        // The client under test has gone away.
+                    }
+                    --m_open;
+                });
         }
 }
 
@@ -117,7 +119,7 @@ bool ScriptedPeer::receive(Poco::Net::StreamSocket& socket, std::string& request
     return true;
 }
 
-void ScriptedPeer::serve(Poco::Net::StreamSocket socket) {
+void ScriptedPeer::serve(Poco::Net::StreamSocket& socket) {
     for (;;) {
         if (takesRequest()) {
             std::string request;

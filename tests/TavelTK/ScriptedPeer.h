@@ -38,7 +38,7 @@ public:
 
 private:
     void listen();
-    void serve(Poco::Net::StreamSocket socket);
+    void serve(Poco::Net::StreamSocket& socket);
     bool receive(Poco::Net::StreamSocket& socket, std::string& request);
     bool takesRequest() const;
     bool next(Answer& answer);
