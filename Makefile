@@ -23,7 +23,7 @@ build: configure
 
 demo: configure
 	@cmake --build --preset $(PRESET) -j $(JOBS) --target mrl-bus first_call
-	@scripts/demo $(BUILD)/bin
+	@scripts/with-bus $(BUILD)/bin $(BUILD)/bin/first_call
 
 test: build
 	@ctest --preset $(PRESET) -j $(JOBS)

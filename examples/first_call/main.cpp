@@ -1,7 +1,5 @@
 // A host's first call: asks the content manager for what is stored, prints the typed reply, and shows what a
 // refusal looks like.
-#include "HBLCore/HBLSmartPointer.h"
-#include "HBLCore/HBLThrowable.h"
 #include "Session/MRL.h"
 #include "Session/MRLSOAPSession.h"
 #include "Toolkit/MRLBaseClass.h"
@@ -23,6 +21,9 @@
 #include "Toolkit/MRLTavelHeader.h"
 #include "Toolkit/MRLTokenProp.h"
 #include "serialization/MRLSOAPFaultException.h"
+
+#include "HBLCore/HBLSmartPointer.h"
+#include "HBLCore/HBLThrowable.h"
 
 #include <cstdio>
 #include <string>
@@ -53,13 +54,14 @@ void sortBy(MRLContentQuery_Request& request, const char* property) {
 void print(const MRLBaseClass& object) {
     const MRLTokenProp* name = object.getDefaultName();
     const MRLStringProp* path = object.getSearchPath();
-    std::printf("  %-14s %-22s %s\n", object.getGeneratedObjectName().c_str(),
-                orNothing(name == nullptr ? nullptr : name->getValue()),
-                orNothing(path == nullptr ? nullptr : path->getValue()));
+    std::printf("  %-14s %s\n", object.getGeneratedObjectName().c_str(),
+                orNothing(name == nullptr ? nullptr : name->getValue()));
+    std::printf("  %-14s at %s\n", "", orNothing(path == nullptr ? nullptr : path->getValue()));
     if (object.isa(MRLReport::s_objectType)) { // reports have more to tell
         const auto& report = static_cast<const MRLReport&>(object);
         const MRLDateTimeProp* changed = report.getModificationTime();
-        std::printf("  %-14s changed %s\n", "", orNothing(changed == nullptr ? nullptr : changed->getValue()));
+        std::printf("  %-14s changed %s\n", "",
+                    orNothing(changed == nullptr ? nullptr : changed->getValue()));
     }
 }
 

@@ -66,7 +66,8 @@ void HBLByteBuffer::reserve(std::size_t size) {
     constexpr std::size_t most = std::numeric_limits<std::ptrdiff_t>::max() - 1;
     if (size > most - m_length)
         hblOutOfMemory(HBL_HERE, "HBLByteBuffer::reserve");
-    const std::size_t step = m_growth ? m_growth : m_capacity;
+    // The growth is the least step: a long series of appends stays linear.
+    const std::size_t step = std::max(m_growth ? m_growth : m_capacity, m_capacity / 2);
     const std::size_t stepped = m_capacity > most - step ? most : m_capacity + step;
     grow(std::max({m_length + size, m_pBuffer ? stepped : m_initial}));
 }

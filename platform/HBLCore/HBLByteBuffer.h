@@ -13,7 +13,7 @@ public:
     HBLByteBuffer() noexcept = default;
     /// @param terminated 1; every buffer keeps a NUL behind its bytes.
     /// @param initial bytes of room that the first write allocates at least.
-    /// @param growth the step in bytes by which the room grows; 0 doubles it.
+    /// @param growth the least step in bytes by which the room grows; 0 doubles it.
     HBLByteBuffer(int terminated, std::size_t initial, std::size_t growth) noexcept;
     HBLByteBuffer(const HBLByteBuffer& other);
     HBLByteBuffer(HBLByteBuffer&& other) noexcept;

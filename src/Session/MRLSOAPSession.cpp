@@ -20,6 +20,7 @@
 #include "Common/MRLMessageNumbers.h"
 #include "Toolkit/MRLMessageI.h"
 #include "Toolkit/MRLPortTypeBinding.h"
+#include "Toolkit/MRLSOAPFault.h"
 #include "serialization/MRLSOAPFaultException.h"
 
 #include <cstring>
@@ -214,8 +215,8 @@ void MRLSOAPSession::submit(MRLPortTypeBinding& binding, const MRLAttachmentList
         exchange.giveBack();
         HBL_RETHROW("MRLSOAPSession::submit()");
     } catch (...) {
-        MRLException unknown(HBLSeverity::error, 0);
-        unknown << MRLHBLMessage(msg::unexpectedFailure);
+        MRLException unknown(eHBLSeverityError, 0);
+        unknown << MRLHBLMessage(msg::unknownFailure);
         auditFailedExchange(unknown.toString(), unknown.getMessage());
         exchange.giveBack();
         throw;

@@ -18,6 +18,7 @@
 #include "Toolkit/MRLJobServicePortType.h"
 #include "Toolkit/MRLPortTypeBinding.h"
 #include "Toolkit/MRLReportServicePortType.h"
+#include "Toolkit/MRLSOAPFault.h"
 #include "Toolkit/MRLTavelHeader.h"
 #include "serialization/MRLSOAPFaultException.h"
 #include "support/Failure.h"
@@ -167,8 +168,8 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"not even a response", {{6, "openResponse"}}, 1, false, "MRLSOAPSession::submit()"},
         Broken{"ten retries in vain", std::vector<std::pair<int, const char*>>(11, {6, "openEnvelope(reply)"}), 11,
                false, "failed after reach retry limit."}),
-    [](const auto& info) {
-        std::string name = info.param.name;
+    [](const auto& row) {
+        std::string name = row.param.name;
         std::replace(name.begin(), name.end(), ' ', '_');
         return name;
     });
@@ -211,7 +212,7 @@ INSTANTIATE_TEST_SUITE_P(
         Endpoint{"report_server_to_its_batch", "RENQ",
                  bind<MRLBatchReportServicePortType, MRLMessageI::eMRLAsynchRun_Request>,
                  R"(HBL_ASSERT_NAMED(pLoopback, "Cannot send requests to the batchReportService");)"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(SessionTest, PlaybackWithoutTestInfoIsRefused) {
     session.setPlaybackBaseDir("/recorded");
