@@ -10,6 +10,7 @@ _NAMED_ENTRY = range(0, 3)  # message types of the entry without a name
 
 
 def check_model(model):
+    declared = [*model.classes, *model.properties, *model.enums, *model.arrays]
     for entry in [*model.classes, *model.properties]:
         _check_members(entry)
     for enum in model.enums:
@@ -18,10 +19,9 @@ def check_model(model):
         _check_parameters(message)
     for service in model.services:
         _check_operations(service)
-    _check_numbers("type", [*model.types, *(e for e in model.enums if e.uri)],
-                   [*_PRIMITIVE_NUMBERS, _CHAR_STREAMABLE])
+    _check_numbers("type", declared, [*_PRIMITIVE_NUMBERS, _CHAR_STREAMABLE])
     _check_numbers("message", model.messages, _NAMED_ENTRY)
-    _check_class_names([*model.types, *(e for e in model.enums if e.uri), *model.messages])
+    _check_class_names([*declared, *model.messages])
     symbols(model)
 
 

@@ -2,7 +2,7 @@
 
 from dataclasses import dataclass, field
 
-# How many sources each family has.
+# How many sources each family has at most. A small catalogue makes fewer: none is nearly empty.
 CLASS_GROUPS = 16
 SUPPORT_CLASS_GROUPS = 8
 PROPERTY_GROUPS = 2
@@ -13,6 +13,7 @@ FACTORY_GROUPS = 3
 MESSAGE_GROUPS = 6
 SUPPORT_MESSAGE_GROUPS = 6
 PORT_TYPE_GROUPS = 2
+SMALLEST_GROUP = 100  # in the weight of its entries
 
 
 @dataclass
@@ -26,23 +27,26 @@ class Group:
 
 def split(entries, count, weight=lambda entry: 1):
     """`count` runs of neighbours, of about the same weight."""
-    total = sum(weight(entry) for entry in entries) or 1
-    groups, done = [[] for _ in range(count)], 0
+    total = sum(weight(entry) for entry in entries)
+    groups, done = [[] for _ in range(count)], 0  # weight done so far
     for entry in entries:
         groups[min(count - 1, done * count // total)].append(entry)
         done += weight(entry)
     return groups
 
 
-def numbered(stem, entries, count, weight=lambda entry: 1):
-    parts = split(entries, count, weight)
+def numbered(stem, entries, count, weight=lambda entry: 10):
+    if not entries:
+        return []
+    total = sum(weight(entry) for entry in entries)
+    parts = split(entries, max(1, min(count, total // SMALLEST_GROUP)), weight)
     return [Group(f"{stem}{index}_gen_", part) for index, part in enumerate(parts, start=1)]
 
 
 def joined(stem, groups, count):
     """Sources over the private data of other groups, `count` of them."""
     return [Group(f"{stem}{index}_gen_", [entry for group in part for entry in group.entries], part)
-            for index, part in enumerate(split(groups, count), start=1)]
+            for index, part in enumerate(split(groups, min(count, len(groups))), start=1)]
 
 
 def class_weight(entry):
@@ -65,8 +69,9 @@ def all_groups(model):
         "array": numbered("MRLSchemaTypesArray", model.arrays, ARRAY_GROUPS),
         "factory": numbered("MRLSchemaTypesSupportFactory",
                             [entry for entry in model.types if not getattr(entry, "abstract", False)],
-                            FACTORY_GROUPS),
+                            FACTORY_GROUPS, lambda entry: 4),
         "message": messages,
         "support_message": joined("MRLMessagesSupport", messages, SUPPORT_MESSAGE_GROUPS),
-        "port_type": numbered("MRLPortTypes", model.services, PORT_TYPE_GROUPS),
+        "port_type": numbered("MRLPortTypes", model.services, PORT_TYPE_GROUPS,
+                              lambda service: 5 + len(service.operations)),
     }

@@ -1,0 +1,44 @@
+// Generated from catalogue/classes/things.toml.
+#pragma once
+
+#include "Toolkit/MRLSchemaTypeI.h"
+
+#include "HBLCore/MRLExport.h"
+
+class MRLObjectRegistryI;
+class MRLThingArray;
+class MRLBox_PrivateData;
+
+/// Nothing but an array.
+/// Setters keep pointers and copy nothing; getters that take a registry make what is absent there.
+class MRL_EXPORT MRLBox : public MRLSchemaTypeI {
+public:
+    static constexpr ObjectType s_objectType = eMRLBox;
+    static constexpr const char* s_className = "MRLBox";
+
+    MRLBox();
+    /// A deep copy; `registry` owns every text and object made for it.
+    MRLBox(const MRLBox& other, MRLObjectRegistryI& registry);
+    MRLBox(const MRLBox&) = delete;
+    MRLBox& operator=(const MRLBox&) = delete;
+    ~MRLBox() override;
+
+    ObjectType getObjectType() const override;
+    const std::string& getGeneratedObjectName() const override;
+    void* getChildObject(const char* name, int create) override;
+    ObjectType getChildType(const char* name) const override;
+    std::size_t setChildObject(const char* name, void* obj, const ObjectType& type,
+                               std::size_t* index) override;
+    void getChildObjectNames(std::vector<const char*>& names, bool reserve) const override;
+    int isa(ObjectType type) const override;
+    virtual int operator==(const MRLSchemaTypeI& other) const;
+    virtual int operator!=(const MRLSchemaTypeI& other) const;
+
+    /// The value of `things`.
+    MRLThingArray& getThings() const;
+
+private:
+    std::size_t getChildObjectCount() const override;
+
+    MRLBox_PrivateData* m_data; // owned
+};

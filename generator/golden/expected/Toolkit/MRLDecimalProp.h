@@ -1,0 +1,45 @@
+// Generated from catalogue/properties.toml.
+#pragma once
+
+#include "Toolkit/MRLBaseProp.h"
+
+#include "HBLCore/MRLExport.h"
+
+class MRLObjectRegistryI;
+class MRLDecimalProp_PrivateData;
+
+/// A stored property of type `decimal`.
+/// Setters keep pointers and copy nothing; getters that take a registry make what is absent there.
+class MRL_EXPORT MRLDecimalProp : public MRLBaseProp {
+public:
+    static constexpr ObjectType s_objectType = eMRLDecimalProp;
+    static constexpr const char* s_className = "MRLDecimalProp";
+
+    MRLDecimalProp();
+    /// A deep copy; `registry` owns every text and object made for it.
+    MRLDecimalProp(const MRLDecimalProp& other, MRLObjectRegistryI& registry);
+    MRLDecimalProp(const MRLDecimalProp&) = delete;
+    MRLDecimalProp& operator=(const MRLDecimalProp&) = delete;
+    ~MRLDecimalProp() override;
+
+    ObjectType getObjectType() const override;
+    const std::string& getGeneratedObjectName() const override;
+    void* getChildObject(const char* name, int create) override;
+    ObjectType getChildType(const char* name) const override;
+    std::size_t setChildObject(const char* name, void* obj, const ObjectType& type,
+                               std::size_t* index) override;
+    void getChildObjectNames(std::vector<const char*>& names, bool reserve) const override;
+    int isa(ObjectType type) const override;
+    int operator==(const MRLSchemaTypeI& other) const override;
+    int operator!=(const MRLSchemaTypeI& other) const override;
+
+    /// value: The value as the store has it.
+    float* getValue() const;
+    void setValue(float value);
+    void resetValue();
+
+private:
+    std::size_t getChildObjectCount() const override;
+
+    MRLDecimalProp_PrivateData* m_data; // owned
+};

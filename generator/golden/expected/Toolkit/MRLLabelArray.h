@@ -1,0 +1,26 @@
+// Generated from catalogue/arrays.toml.
+#pragma once
+
+#include "Toolkit/MRLSchemaArray.h"
+
+#include "HBLCore/MRLExport.h"
+
+class MRLLabel;
+
+/// A sequence of `label`. Its elements are borrowed.
+class MRL_EXPORT MRLLabelArray : public MRLSchemaArray<MRLLabelArray, MRLLabel> {
+public:
+    static constexpr ObjectType s_objectType = eMRLLabelArray;
+    static constexpr ObjectType s_elementType = eMRLLabel;
+    static constexpr const char* s_className = "MRLLabelArray";
+    static constexpr const char* s_schemaName = "labelArray";
+
+    MRLLabelArray();
+    /// A deep copy; `registry` owns what is made for it.
+    MRLLabelArray(const MRLLabelArray& other, MRLObjectRegistryI& registry);
+    MRLLabelArray(const MRLLabelArray&) = delete;
+    MRLLabelArray& operator=(const MRLLabelArray&) = delete;
+    ~MRLLabelArray() override;
+};
+
+extern template class MRLSchemaArray<MRLLabelArray, MRLLabel>;

@@ -1,0 +1,175 @@
+// Generated from the catalogue: all types, sorted by number.
+#include "Toolkit/MRLSchemaTypeRows.h"
+
+#include <iterator>
+
+class MRLBox;
+class MRLLabel;
+class MRLPartArrayProp;
+class MRLSchemaInfo;
+class MRLSwap;
+class MRLPartArray;
+class MRLIntArray;
+class MRLPart;
+class MRLBareGadget;
+class MRLDecimalProp;
+class MRLBooleanProp;
+class MRLThingArray;
+class MRLThingProp;
+class MRLMarker;
+class MRLRefProp;
+class MRLStringArray;
+class MRLStringProp;
+class MRLShapeEnumArray;
+class MRLGadget;
+class MRLShapeEnum;
+class MRLLabelArray;
+class MRLDateTimeArray;
+
+namespace mrl::detail {
+
+// Instantiated in MRLSchemaTypesSupportFactory*_gen_.cpp, which know the classes.
+extern template MRLSchemaTypeI* createSchemaType<MRLBox>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLBox>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLLabel>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLLabel>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLPartArrayProp>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLPartArrayProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLSchemaInfo>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLSchemaInfo>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLSwap>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLSwap>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLPartArray>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLPartArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLIntArray>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLIntArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLPart>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLPart>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLBareGadget>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLBareGadget>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLDecimalProp>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLDecimalProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLBooleanProp>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLBooleanProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLThingArray>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLThingArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLThingProp>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLThingProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLMarker>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLMarker>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLRefProp>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLRefProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLStringArray>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLStringArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLStringProp>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLStringProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLShapeEnumArray>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLShapeEnumArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLGadget>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLGadget>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLShapeEnum>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLShapeEnum>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLLabelArray>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLLabelArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLDateTimeArray>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLDateTimeArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+static constexpr SchemaTypeRow g_schemaTypeRows[] = {
+    {MRLSchemaTypeI::eMRLBox, "bus:box",
+     &createSchemaType<MRLBox>, &copySchemaType<MRLBox>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLLabel, "bus:label",
+     &createSchemaType<MRLLabel>, &copySchemaType<MRLLabel>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLPartArrayProp, "bus:partArrayProp",
+     &createSchemaType<MRLPartArrayProp>, &copySchemaType<MRLPartArrayProp>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLSchemaInfo, "bus:schemaInfo",
+     &createSchemaType<MRLSchemaInfo>, &copySchemaType<MRLSchemaInfo>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLSwap, "bus:swap",
+     &createSchemaType<MRLSwap>, &copySchemaType<MRLSwap>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLBaseProp, "bus:baseProp", nullptr, nullptr, nullptr, false},
+    {MRLSchemaTypeI::eMRLPartArray, "bus:partArray",
+     &createSchemaType<MRLPartArray>, &copySchemaType<MRLPartArray>,
+     "bus:part", true},
+    {MRLSchemaTypeI::eMRLIntArray, "bus:intArray",
+     &createSchemaType<MRLIntArray>, &copySchemaType<MRLIntArray>,
+     "xs:int", false},
+    {MRLSchemaTypeI::eMRLPart, "bus:part",
+     &createSchemaType<MRLPart>, &copySchemaType<MRLPart>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLBareGadget, "bus:bareGadget",
+     &createSchemaType<MRLBareGadget>, &copySchemaType<MRLBareGadget>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLDecimalProp, "bus:decimalProp",
+     &createSchemaType<MRLDecimalProp>, &copySchemaType<MRLDecimalProp>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLBooleanProp, "bus:booleanProp",
+     &createSchemaType<MRLBooleanProp>, &copySchemaType<MRLBooleanProp>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLThing, "bus:thing", nullptr, nullptr, nullptr, false},
+    {MRLSchemaTypeI::eMRLThingArray, "bus:thingArray",
+     &createSchemaType<MRLThingArray>, &copySchemaType<MRLThingArray>,
+     "bus:thing", true},
+    {MRLSchemaTypeI::eMRLThingProp, "bus:thingProp",
+     &createSchemaType<MRLThingProp>, &copySchemaType<MRLThingProp>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLMarker, "bus:marker",
+     &createSchemaType<MRLMarker>, &copySchemaType<MRLMarker>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLRefProp, "bus:refProp",
+     &createSchemaType<MRLRefProp>, &copySchemaType<MRLRefProp>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLStringArray, "bus:stringArray",
+     &createSchemaType<MRLStringArray>, &copySchemaType<MRLStringArray>,
+     "xs:string", false},
+    {MRLSchemaTypeI::eMRLStringProp, "bus:stringProp",
+     &createSchemaType<MRLStringProp>, &copySchemaType<MRLStringProp>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLShapeEnumArray, "bus:shapeEnumArray",
+     &createSchemaType<MRLShapeEnumArray>, &copySchemaType<MRLShapeEnumArray>,
+     "bus:shapeEnum", true},
+    {MRLSchemaTypeI::eMRLGadget, "bus:gadget",
+     &createSchemaType<MRLGadget>, &copySchemaType<MRLGadget>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLShapeEnum, "bus:shapeEnum",
+     &createSchemaType<MRLShapeEnum>, &copySchemaType<MRLShapeEnum>,
+     nullptr, false},
+    {MRLSchemaTypeI::eMRLLabelArray, "bus:labelArray",
+     &createSchemaType<MRLLabelArray>, &copySchemaType<MRLLabelArray>,
+     "bus:label", true},
+    {MRLSchemaTypeI::eMRLDateTimeArray, "bus:dateTimeArray",
+     &createSchemaType<MRLDateTimeArray>, &copySchemaType<MRLDateTimeArray>,
+     "xs:dateTime", false},
+};
+
+static constexpr SchemaTypeBuckets g_schemaTypeBuckets = schemaTypeBuckets(g_schemaTypeRows);
+
+constinit const SchemaTypeTable g_schemaTypes = {g_schemaTypeRows, std::size(g_schemaTypeRows),
+                                                 &g_schemaTypeBuckets};
+
+} // namespace mrl::detail

@@ -1,0 +1,551 @@
+// Generated from the catalogue: what the runtime asks a class by name.
+#include "Toolkit/MRLSchemaTypesClass1_gen_.h"
+
+#include "Toolkit/MRLSchemaMembers.h"
+#include "Toolkit/MRLBareGadget.h"
+#include "Toolkit/MRLBase64Binary.h"
+#include "Toolkit/MRLBox.h"
+#include "Toolkit/MRLGadget.h"
+#include "Toolkit/MRLIntArray.h"
+#include "Toolkit/MRLLabel.h"
+#include "Toolkit/MRLMarker.h"
+#include "Toolkit/MRLPart.h"
+#include "Toolkit/MRLPartArray.h"
+#include "Toolkit/MRLSchemaInfo.h"
+#include "Toolkit/MRLShapeEnum.h"
+#include "Toolkit/MRLStringArray.h"
+#include "Toolkit/MRLSwap.h"
+#include "Toolkit/MRLThing.h"
+#include "Toolkit/MRLThingArray.h"
+
+#include "HBLCore/HBLFailure.h"
+
+namespace detail = mrl::detail;
+
+// -- MRLSchemaInfo ------------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLSchemaInfo::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLSchemaInfo::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLSchemaInfo::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0x7810C99B: return detail::childObject(m_data->modifiable, create); // modifiable
+        default: break;
+        }
+    }
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLSchemaInfo::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0x7810C99B: return eBoolean; // modifiable
+    default: return e_Unknown;
+    }
+}
+
+std::size_t MRLSchemaInfo::setChildObject(const char* name, void* obj, const ObjectType& type,
+                                          std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    if (*name == '\0')
+        return 0;
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0x7810C99B: // modifiable
+        detail::setNullable(m_data->modifiable, obj, type, eBoolean, owner, key);
+        return 0;
+    default: return 0;
+    }
+}
+
+void MRLSchemaInfo::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    detail::appendNames(names, {
+                                   0x7810C99B // modifiable
+                               });
+}
+
+std::size_t MRLSchemaInfo::getChildObjectCount() const {
+    return 1;
+}
+
+// -- MRLThing -----------------------------------------------------------------------------------------------
+
+const std::string& MRLThing::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLThing::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0x5E237E06: return detail::childObject(m_data->name, create); // name
+        default: break;
+        }
+    }
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLThing::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0x5E237E06: return eString; // name
+    default: return e_Unknown;
+    }
+}
+
+std::size_t MRLThing::setChildObject(const char* name, void* obj, const ObjectType& type,
+                                     std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    if (*name == '\0')
+        return 0;
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0x5E237E06: // name
+        detail::setText(m_data->name, obj, type, owner, key);
+        return 0;
+    default: return 0;
+    }
+}
+
+void MRLThing::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    detail::appendNames(names, {
+                                   0x5E237E06 // name
+                               });
+}
+
+std::size_t MRLThing::getChildObjectCount() const {
+    return 1;
+}
+
+// -- MRLGadget ----------------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLGadget::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLGadget::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLGadget::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0x4B1EFC02: return detail::childObject(m_data->active, create); // active
+        case 0x85D94462: return detail::childObject(m_data->count, create); // count
+        case 0xADF3F363: return detail::childObject(m_data->data, create); // data
+        case 0xEF7509F8: return detail::childObject(m_data->for_, create); // for
+        case 0x7CAB4694: return detail::childObject(m_data->keeper, create); // keeper
+        case 0x490F70C6: return detail::childObject(m_data->part, create); // part
+        case 0x6940A7FE: return detail::childObject(m_data->parts, create); // parts
+        case 0xFC60B87F: return detail::childObject(m_data->ratio, create); // ratio
+        case 0xDD30FFD8: return detail::childObject(m_data->shape, create); // shape
+        case 0xB69E8769: return detail::childObject(m_data->sizes, create); // sizes
+        case 0x6FBC9426: return detail::childObject(m_data->tags, create); // tags
+        case 0xC22FE15E: return detail::childObject(m_data->total, create); // total
+        default: break;
+        }
+    }
+    return MRLThing::getChildObject(name, create);
+}
+
+MRLSchemaTypeI::ObjectType MRLGadget::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0x4B1EFC02: return eBoolean; // active
+    case 0x85D94462: return eInt; // count
+    case 0xADF3F363: return eBase64Binary; // data
+    case 0xEF7509F8: return eString; // for
+    case 0x7CAB4694: return eMRLThing; // keeper
+    case 0x490F70C6: return eMRLPart; // part
+    case 0x6940A7FE: return eMRLPartArray; // parts
+    case 0xFC60B87F: return eDecimal; // ratio
+    case 0xDD30FFD8: return eMRLShapeEnum; // shape
+    case 0xB69E8769: return eMRLIntArray; // sizes
+    case 0x6FBC9426: return eMRLStringArray; // tags
+    case 0xC22FE15E: return eInteger; // total
+    default: return MRLThing::getChildType(name);
+    }
+}
+
+std::size_t MRLGadget::setChildObject(const char* name, void* obj, const ObjectType& type,
+                                      std::size_t* index) {
+    HBL_ASSERT(name);
+    if (*name == '\0')
+        return 0;
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0x4B1EFC02: // active
+        detail::setNullable(m_data->active, obj, type, eBoolean, owner, key);
+        return 0;
+    case 0x85D94462: // count
+        detail::setNullable(m_data->count, obj, type, eInt, owner, key);
+        return 0;
+    case 0xADF3F363: // data
+        detail::setBase64(m_data->data, obj, type, owner, key);
+        return 0;
+    case 0xEF7509F8: // for
+        detail::setText(m_data->for_, obj, type, owner, key);
+        return 0;
+    case 0x7CAB4694: // keeper
+        detail::setObject(m_data->keeper, obj, type, owner, key);
+        return 0;
+    case 0x490F70C6: // part
+        detail::setObject(m_data->part, obj, type, owner, key);
+        return 0;
+    case 0x6940A7FE: detail::refuseArrayMember("parts", s_className);
+    case 0xFC60B87F: // ratio
+        detail::setNullable(m_data->ratio, obj, type, eDecimal, owner, key);
+        return 0;
+    case 0xDD30FFD8: // shape
+        detail::setObject(m_data->shape, obj, type, owner, key);
+        return 0;
+    case 0xB69E8769: detail::refuseArrayMember("sizes", s_className);
+    case 0x6FBC9426: detail::refuseArrayMember("tags", s_className);
+    case 0xC22FE15E: // total
+        detail::setNullable(m_data->total, obj, type, eInteger, owner, key);
+        return 0;
+    default: return MRLThing::setChildObject(name, obj, type, index);
+    }
+}
+
+void MRLGadget::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    MRLThing::getChildObjectNames(names, false);
+    detail::appendNames(names, {
+                                   0x4B1EFC02, // active
+                                   0x85D94462, // count
+                                   0xADF3F363, // data
+                                   0xEF7509F8, // for
+                                   0x7CAB4694, // keeper
+                                   0x490F70C6, // part
+                                   0x6940A7FE, // parts
+                                   0xFC60B87F, // ratio
+                                   0xDD30FFD8, // shape
+                                   0xB69E8769, // sizes
+                                   0x6FBC9426, // tags
+                                   0xC22FE15E // total
+                               });
+}
+
+std::size_t MRLGadget::getChildObjectCount() const {
+    return 13;
+}
+
+// -- MRLBareGadget ------------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLBareGadget::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLBareGadget::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+// -- MRLPart ------------------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLPart::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLPart::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLPart::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0xF54DE50F: return detail::childObject(m_data->height, create); // height
+        case 0x8C1A452F: return detail::childObject(m_data->width, create); // width
+        default: break;
+        }
+    }
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLPart::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0xF54DE50F: return eInt; // height
+    case 0x8C1A452F: return eInt; // width
+    default: return e_Unknown;
+    }
+}
+
+std::size_t MRLPart::setChildObject(const char* name, void* obj, const ObjectType& type,
+                                    std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    if (*name == '\0')
+        return 0;
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0xF54DE50F: // height
+        detail::setNullable(m_data->height, obj, type, eInt, owner, key);
+        return 0;
+    case 0x8C1A452F: // width
+        detail::setNullable(m_data->width, obj, type, eInt, owner, key);
+        return 0;
+    default: return 0;
+    }
+}
+
+void MRLPart::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    detail::appendNames(names, {
+                                   0xF54DE50F, // height
+                                   0x8C1A452F // width
+                               });
+}
+
+std::size_t MRLPart::getChildObjectCount() const {
+    return 2;
+}
+
+// -- MRLLabel -----------------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLLabel::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLLabel::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLLabel::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0x00000000: return detail::childObject(m_data->value, create); // the text itself
+        default: break;
+        }
+    }
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLLabel::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0x00000000: return eString; // the text itself
+    default: return e_Unknown;
+    }
+}
+
+std::size_t MRLLabel::setChildObject(const char* name, void* obj, const ObjectType& type,
+                                     std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0x00000000: // the text itself
+        detail::setText(m_data->value, obj, type, owner, key);
+        return 0;
+    default: return 0;
+    }
+}
+
+void MRLLabel::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    names.push_back("");
+}
+
+std::size_t MRLLabel::getChildObjectCount() const {
+    return 1;
+}
+
+// -- MRLBox -------------------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLBox::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLBox::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLBox::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0x6FE451BD: return detail::childObject(m_data->things, create); // things
+        default: break;
+        }
+    }
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLBox::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0x6FE451BD: return eMRLThingArray; // things
+    default: return e_Unknown;
+    }
+}
+
+std::size_t MRLBox::setChildObject(const char* name, void* obj, const ObjectType& /*type*/,
+                                   std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    if (*name == '\0')
+        return 0;
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0x6FE451BD: detail::refuseArrayMember("things", s_className);
+    default: return 0;
+    }
+}
+
+void MRLBox::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    detail::appendNames(names, {
+                                   0x6FE451BD // things
+                               });
+}
+
+std::size_t MRLBox::getChildObjectCount() const {
+    return 1;
+}
+
+// -- MRLMarker ----------------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLMarker::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLMarker::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLMarker::getChildObject(const char* name, int /*create*/) {
+    HBL_ASSERT(name);
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLMarker::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    return e_Unknown;
+}
+
+std::size_t MRLMarker::setChildObject(const char* name, void* obj, const ObjectType& /*type*/,
+                                      std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    if (*name != '\0')
+        HBL_ASSERT(obj != NULL);
+    return 0;
+}
+
+void MRLMarker::getChildObjectNames(std::vector<const char*>& /*names*/, bool /*reserve*/) const {}
+
+std::size_t MRLMarker::getChildObjectCount() const {
+    return 0;
+}
+
+// -- MRLSwap ------------------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLSwap::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLSwap::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLSwap::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0xB61F1169: return detail::childObject(m_data->second, create); // second
+        case 0x9271EE57: return detail::childObject(m_data->first, create); // first
+        default: break;
+        }
+    }
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLSwap::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0xB61F1169: return eString; // second
+    case 0x9271EE57: return eString; // first
+    default: return e_Unknown;
+    }
+}
+
+std::size_t MRLSwap::setChildObject(const char* name, void* obj, const ObjectType& type,
+                                    std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    if (*name == '\0')
+        return 0;
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0xB61F1169: // second
+        detail::setText(m_data->second, obj, type, owner, key);
+        return 0;
+    case 0x9271EE57: // first
+        detail::setText(m_data->first, obj, type, owner, key);
+        return 0;
+    default: return 0;
+    }
+}
+
+void MRLSwap::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    detail::appendNames(names, {
+                                   0xB61F1169, // second
+                                   0x9271EE57 // first
+                               });
+}
+
+std::size_t MRLSwap::getChildObjectCount() const {
+    return 2;
+}

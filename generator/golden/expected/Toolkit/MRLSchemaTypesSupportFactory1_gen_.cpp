@@ -1,0 +1,117 @@
+// Generated from the catalogue: how to make and copy each concrete type.
+#include "Toolkit/MRLSchemaTypeRows.h"
+
+#include "Toolkit/MRLBareGadget.h"
+#include "Toolkit/MRLBooleanProp.h"
+#include "Toolkit/MRLBox.h"
+#include "Toolkit/MRLDateTimeArray.h"
+#include "Toolkit/MRLDecimalProp.h"
+#include "Toolkit/MRLGadget.h"
+#include "Toolkit/MRLIntArray.h"
+#include "Toolkit/MRLLabel.h"
+#include "Toolkit/MRLLabelArray.h"
+#include "Toolkit/MRLMarker.h"
+#include "Toolkit/MRLPart.h"
+#include "Toolkit/MRLPartArray.h"
+#include "Toolkit/MRLPartArrayProp.h"
+#include "Toolkit/MRLRefProp.h"
+#include "Toolkit/MRLSchemaInfo.h"
+#include "Toolkit/MRLShapeEnum.h"
+#include "Toolkit/MRLShapeEnumArray.h"
+#include "Toolkit/MRLStringArray.h"
+#include "Toolkit/MRLStringProp.h"
+#include "Toolkit/MRLSwap.h"
+#include "Toolkit/MRLThingArray.h"
+#include "Toolkit/MRLThingProp.h"
+
+namespace mrl::detail {
+
+template MRLSchemaTypeI* createSchemaType<MRLBareGadget>();
+template MRLSchemaTypeI*
+copySchemaType<MRLBareGadget>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLBooleanProp>();
+template MRLSchemaTypeI*
+copySchemaType<MRLBooleanProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLBox>();
+template MRLSchemaTypeI*
+copySchemaType<MRLBox>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLDateTimeArray>();
+template MRLSchemaTypeI*
+copySchemaType<MRLDateTimeArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLDecimalProp>();
+template MRLSchemaTypeI*
+copySchemaType<MRLDecimalProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLGadget>();
+template MRLSchemaTypeI*
+copySchemaType<MRLGadget>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLIntArray>();
+template MRLSchemaTypeI*
+copySchemaType<MRLIntArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLLabel>();
+template MRLSchemaTypeI*
+copySchemaType<MRLLabel>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLLabelArray>();
+template MRLSchemaTypeI*
+copySchemaType<MRLLabelArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLMarker>();
+template MRLSchemaTypeI*
+copySchemaType<MRLMarker>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLPart>();
+template MRLSchemaTypeI*
+copySchemaType<MRLPart>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLPartArray>();
+template MRLSchemaTypeI*
+copySchemaType<MRLPartArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLPartArrayProp>();
+template MRLSchemaTypeI*
+copySchemaType<MRLPartArrayProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLRefProp>();
+template MRLSchemaTypeI*
+copySchemaType<MRLRefProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLSchemaInfo>();
+template MRLSchemaTypeI*
+copySchemaType<MRLSchemaInfo>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLShapeEnum>();
+template MRLSchemaTypeI*
+copySchemaType<MRLShapeEnum>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLShapeEnumArray>();
+template MRLSchemaTypeI*
+copySchemaType<MRLShapeEnumArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLStringArray>();
+template MRLSchemaTypeI*
+copySchemaType<MRLStringArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLStringProp>();
+template MRLSchemaTypeI*
+copySchemaType<MRLStringProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLSwap>();
+template MRLSchemaTypeI*
+copySchemaType<MRLSwap>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLThingArray>();
+template MRLSchemaTypeI*
+copySchemaType<MRLThingArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLThingProp>();
+template MRLSchemaTypeI*
+copySchemaType<MRLThingProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+} // namespace mrl::detail

@@ -1,0 +1,26 @@
+// Generated from catalogue/arrays.toml.
+#pragma once
+
+#include "Toolkit/MRLSchemaArray.h"
+
+#include "HBLCore/MRLExport.h"
+
+class MRLShapeEnum;
+
+/// A sequence of `shapeEnum`. Its elements are borrowed.
+class MRL_EXPORT MRLShapeEnumArray : public MRLSchemaArray<MRLShapeEnumArray, MRLShapeEnum> {
+public:
+    static constexpr ObjectType s_objectType = eMRLShapeEnumArray;
+    static constexpr ObjectType s_elementType = eMRLShapeEnum;
+    static constexpr const char* s_className = "MRLShapeEnumArray";
+    static constexpr const char* s_schemaName = "shapeEnumArray";
+
+    MRLShapeEnumArray();
+    /// A deep copy; `registry` owns what is made for it.
+    MRLShapeEnumArray(const MRLShapeEnumArray& other, MRLObjectRegistryI& registry);
+    MRLShapeEnumArray(const MRLShapeEnumArray&) = delete;
+    MRLShapeEnumArray& operator=(const MRLShapeEnumArray&) = delete;
+    ~MRLShapeEnumArray() override;
+};
+
+extern template class MRLSchemaArray<MRLShapeEnumArray, MRLShapeEnum>;

@@ -1,0 +1,44 @@
+// Generated from catalogue/properties.toml.
+#pragma once
+
+#include "Toolkit/MRLBaseProp.h"
+
+#include "HBLCore/MRLExport.h"
+
+class MRLObjectRegistryI;
+class MRLStringProp_PrivateData;
+
+/// A stored text.
+/// Setters keep pointers and copy nothing; getters that take a registry make what is absent there.
+class MRL_EXPORT MRLStringProp : public MRLBaseProp {
+public:
+    static constexpr ObjectType s_objectType = eMRLStringProp;
+    static constexpr const char* s_className = "MRLStringProp";
+
+    MRLStringProp();
+    /// A deep copy; `registry` owns every text and object made for it.
+    MRLStringProp(const MRLStringProp& other, MRLObjectRegistryI& registry);
+    MRLStringProp(const MRLStringProp&) = delete;
+    MRLStringProp& operator=(const MRLStringProp&) = delete;
+    ~MRLStringProp() override;
+
+    ObjectType getObjectType() const override;
+    const std::string& getGeneratedObjectName() const override;
+    void* getChildObject(const char* name, int create) override;
+    ObjectType getChildType(const char* name) const override;
+    std::size_t setChildObject(const char* name, void* obj, const ObjectType& type,
+                               std::size_t* index) override;
+    void getChildObjectNames(std::vector<const char*>& names, bool reserve) const override;
+    int isa(ObjectType type) const override;
+    int operator==(const MRLSchemaTypeI& other) const override;
+    int operator!=(const MRLSchemaTypeI& other) const override;
+
+    /// value: The value as the store has it.
+    const char* getValue() const;
+    void setValue(const char* value);
+
+private:
+    std::size_t getChildObjectCount() const override;
+
+    MRLStringProp_PrivateData* m_data; // owned
+};
