@@ -78,15 +78,15 @@ void ScriptedPeer::listen() {
         if (m_listener.poll(s_slice, Poco::Net::Socket::SELECT_READ)) {
             ++m_open;
             ++m_connections;
-            m_servers.emplace_back(
-                [this, socket = std::make_unique<Poco::Net::StreamSocket>(m_listener.acceptConnection())] {
-                    try {
-                        serve(*socket);
-                    } catch (const Poco::Exception&) {
-                        // The client under test has gone away.
-                    }
-                    --m_open;
-                });
+            auto accepted = std::make_unique<Poco::Net::StreamSocket>(m_listener.acceptConnection());
+            m_servers.emplace_back([this, socket = std::move(accepted)] {
+                try {
+                    serve(*socket);
+                } catch (const Poco::Exception&) {
+                    // The client under test has gone away.
+                }
+                --m_open;
+            });
         }
 }
 
