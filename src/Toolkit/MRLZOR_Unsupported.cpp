@@ -66,7 +66,7 @@ void MRLZOR_Unsupported::getChildObjectNames(std::vector<const char*>& names, bo
 }
 
 std::size_t MRLZOR_Unsupported::getChildObjectCount() const {
-    std::vector<const char*> inherited; // the base keeps its count to itself
+    std::vector<const char*> inherited;            // the base keeps its count to itself
     MRLZOR::getChildObjectNames(inherited, false); // not true: that would ask for the count
     return inherited.size() + CREDENTIALS;
 }

@@ -16,6 +16,7 @@
 
 #include <cstdlib>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <vector>
 
@@ -40,8 +41,10 @@ private:
 
 class Registry : public testing::Test {
 protected:
-    void expectRelease(int id) {
-        registry->registerPointer(new Probe([this, id] { released.push_back(id); }));
+    Probe* expectRelease(int id) {
+        auto* probe = new Probe([this, id] { released.push_back(id); });
+        registry->registerPointer(probe);
+        return probe;
     }
 
     HBLSmartPointer<MRLObjectRegistryI> registry{MRLObjectRegistryFactory::getInstance().create()};
@@ -100,7 +103,7 @@ TEST_F(Registry, KeepsWhatFollowsAFailedRelease) {
 
 TEST_F(Registry, SurvivesAFailedReleaseAtItsOwnEnd) {
     registry->registerPointer(new Probe([] { throw std::runtime_error("cannot close"); }));
-    expectRelease(2);
+    const std::unique_ptr<Probe> left(expectRelease(2));
     EXPECT_NO_THROW(registry = nullptr);
     EXPECT_THAT(released, IsEmpty()) << "what a failed release leaves is not released";
 }
