@@ -115,9 +115,9 @@ std::size_t MRLUndocumentedFaultDetail::setChildObject(const char* name, void* o
 
 void MRLUndocumentedFaultDetail::getChildObjectNames(std::vector<const char*>& /*names*/,
                                                      bool /*reserve*/) const {
-    // clang-format off: the text is interface, and stands in one piece
-    HBL_ASSERT_NAMED(FALSE,
-                     "Unsupported.  MRLUndocumentedFaultDetail objects are serialized in doc/literal style.");
+    // The text is interface, and stands in one piece.
+    // clang-format off
+    HBL_ASSERT_NAMED(FALSE, "Unsupported.  MRLUndocumentedFaultDetail objects are serialized in doc/literal style.");
     // clang-format on
 }
 

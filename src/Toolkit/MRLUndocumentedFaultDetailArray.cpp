@@ -53,9 +53,9 @@ std::size_t MRLUndocumentedFaultDetailArray::setChildObject(const char* name, vo
 
 void MRLUndocumentedFaultDetailArray::getChildObjectNames(std::vector<const char*>& /*names*/,
                                                           bool /*reserve*/) const {
-    // clang-format off: the text is interface, and stands in one piece
-    HBL_ASSERT_NAMED(
-        FALSE, "Unsupported.  MRLUndocumentedFaultDetailArray objects are serialized in doc/literal style.");
+    // The text is interface, and stands in one piece.
+    // clang-format off
+    HBL_ASSERT_NAMED(FALSE, "Unsupported.  MRLUndocumentedFaultDetailArray objects are serialized in doc/literal style.");
     // clang-format on
 }
 

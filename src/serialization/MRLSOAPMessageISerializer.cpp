@@ -40,9 +40,9 @@ void MRLSOAPMessageISerializer::serialize(MRLPortTypeBinding& binding, MRLMessag
         const auto messageType = message.getMessageType();
         const bool isInput = messageType == binding.getInputMessage().getMessageType();
         const bool isOutput = messageType == binding.getOutputMessage().getMessageType();
-        // clang-format off: the text is interface, and stands in one piece
-        HBL_ASSERT_NAMED(isInput || isOutput, "The message to be serialized must be either the input or "
-                                              "output message contained in the given binding object.");
+        // The text is interface, and stands in one piece.
+        // clang-format off
+        HBL_ASSERT_NAMED(isInput || isOutput, "The message to be serialized must be either the input or output message contained in the given binding object.");
         // clang-format on
 
         Section headers;

@@ -156,9 +156,9 @@ void MRLSchemaTypeIContentHandler::setOwnText(ElementEntry& entry) {
     m_currentText.release();
     const std::size_t index = object.setChildObject("", text, MRLSchemaTypeI::eString, nullptr);
     if (m_contentId) {
-        // clang-format off: the text is interface, and stands in one piece
-        HBL_ASSERT_NAMED(m_attachmentHandler, "MRLSchemaTypeIContentHandler::setCurrentCharacterData - "
-                                              "Handler not configured to process href attachments. ");
+        // The text is interface, and stands in one piece.
+        // clang-format off
+        HBL_ASSERT_NAMED(m_attachmentHandler, "MRLSchemaTypeIContentHandler::setCurrentCharacterData - Handler not configured to process href attachments. ");
         // clang-format on
         m_attachmentHandler->registerHref(m_contentId->c_str(), &object, "", MRLSchemaTypeI::eString, index);
     }
@@ -170,9 +170,9 @@ void MRLSchemaTypeIContentHandler::setInParent(const ElementEntry& entry, MRLSch
     const bool mayBeAttached = MRLSchemaTypesFactory::isString(type) != 0 ||
                                MRLSchemaTypesFactory::isBase64(type) != 0 || type == MRLSchemaTypeI::eBoolean;
     if (m_contentId && mayBeAttached) {
-        // clang-format off: the text is interface, and stands in one piece
-        HBL_ASSERT_NAMED(m_attachmentHandler, "MRLSchemaTypeIContentHandler::endElement - Handler not "
-                                              "configured to process href attachments. ");
+        // The text is interface, and stands in one piece.
+        // clang-format off
+        HBL_ASSERT_NAMED(m_attachmentHandler, "MRLSchemaTypeIContentHandler::endElement - Handler not configured to process href attachments. ");
         // clang-format on
         m_attachmentHandler->registerHref(m_contentId->c_str(), &parent, entry.nameText(), type, index);
     }

@@ -7,6 +7,7 @@
 #include "serialization/detail/EnvelopeText.h"
 
 #include "HBLCore/HBLFailure.h"
+#include "PLQStreams/PLQXmlEncodeOutputStream.h"
 
 #include <charconv>
 #include <cstring>
@@ -44,7 +45,6 @@ void putDecimal(GatheringOutputStream& out, double value) {
 
 ElementWriter::ElementWriter(GatheringOutputStream& out, bool writeNulls)
     : m_out(out)
-    , m_escaped(out)
     , m_writeNulls(writeNulls) {}
 
 void ElementWriter::write(void* object, ObjectType type, const char* qName, const Form& form) {
@@ -127,16 +127,12 @@ void ElementWriter::writeSimple(void* value, ObjectType type, const Name& name, 
             break;
         }
         m_out.put('>');
-        if (MRL_CharStreamable::isCharStreamable(characters)) {
-            MRL_CharStreamable(characters) >> m_escaped;
-            break;
-        }
-        m_escaped.write(characters, std::strlen(characters));
+        putEscaped(characters);
         break;
     case MRLSchemaTypeI::eDateTime:
     case MRLSchemaTypeI::eQName:
         m_out.put('>');
-        m_escaped.write(characters, std::strlen(characters));
+        putEscaped(characters);
         break;
     case MRLSchemaTypeI::eInt:
     case MRLSchemaTypeI::eInteger:
@@ -211,11 +207,7 @@ void ElementWriter::writeOwnText(Frame& frame, const char* text, ObjectType type
         return;
     }
     finishTag(frame);
-    if (MRL_CharStreamable::isCharStreamable(text)) {
-        MRL_CharStreamable(text) >> m_escaped;
-    } else {
-        m_escaped.write(text, std::strlen(text));
-    }
+    putEscaped(text);
 }
 
 void ElementWriter::finishTag(Frame& frame) {
@@ -240,6 +232,17 @@ void ElementWriter::closeFrame() {
     }
     m_names.resize(frame.firstName);
     m_frames.pop_back();
+}
+
+/// A text, or what stands in its slot in place of one.
+void ElementWriter::putEscaped(const char* text) {
+    PLQXmlEncodeOutputStream escaped(m_out);
+    if (MRL_CharStreamable::isCharStreamable(text)) {
+        MRL_CharStreamable(text) >> escaped;
+    } else {
+        escaped.write(text, std::strlen(text));
+    }
+    escaped.unWrap(); // ends the text
 }
 
 void ElementWriter::putClosingTag(const Name& name) {

@@ -3,8 +3,6 @@
 #include "Toolkit/MRLSchemaTypeI.h"
 #include "serialization/detail/GatheringOutputStream.h"
 
-#include "PLQStreams/PLQXmlEncodeOutputStream.h"
-
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -60,9 +58,9 @@ private:
     void finishTag(Frame& frame);
     void closeFrame();
     void putClosingTag(const Name& name);
+    void putEscaped(const char* text);
 
     GatheringOutputStream& m_out;
-    PLQXmlEncodeOutputStream m_escaped; // over m_out
     const bool m_writeNulls;
     std::vector<Frame> m_frames;
     std::vector<const char*> m_names; // the children of all frames, one run for each

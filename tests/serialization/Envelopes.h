@@ -1,0 +1,89 @@
+#pragma once
+
+#include "Toolkit/MRLContentManagerServicePortType.h"
+#include "Toolkit/MRLMessageI.h"
+#include "Toolkit/MRLObjectRegistryI.h"
+#include "Toolkit/MRLPortTypeBinding.h"
+#include "serialization/MRLSOAPMessageIDeserializer.h"
+
+#include "HBLCore/HBLSmartPointer.h"
+#include "PLQStreams/PLQMemoryInputStream.h"
+#include "PLQStreams/PLQMemoryOutputStream.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace mrl::test {
+
+/// The sizes of the pieces that every reader test feeds its document in.
+inline constexpr std::size_t chunkSizes[] = {1, 2, 3, 7, 4096};
+
+/// Gives a document in pieces of at most `chunk` bytes.
+class ChunkedStream : public PLQMemoryInputStream {
+public:
+    ChunkedStream(std::string_view document, std::size_t chunk)
+        : PLQMemoryInputStream(document.data(), document.size())
+        , m_chunk(chunk) {}
+    using PLQMemoryInputStream::read;
+    std::size_t read(char* buffer, std::size_t count) override {
+        return PLQMemoryInputStream::read(buffer, std::min(count, m_chunk));
+    }
+
+private:
+    std::size_t m_chunk;
+};
+
+inline std::string golden(const std::string& name) {
+    std::ifstream file(std::string(MRL_TEST_DATA "/golden/") + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// What `step` writes to the stream it is given.
+template <class Step>
+std::string written(const Step& step) {
+    PLQMemoryOutputStream out(1024, 0);
+    step(out);
+    return {out.bytes(), out.length()};
+}
+
+/// An envelope as other stacks write it: other prefixes than the toolkit's own.
+inline std::string envelopeOf(std::string_view sections) {
+    return R"(<?xml version="1.0"?><s:Envelope xmlns:s="http://schemas.xmlsoap.org/soap/envelope/")"
+           R"( xmlns:enc="http://schemas.xmlsoap.org/soap/encoding/")"
+           R"( xmlns:b="http://developer.vantor.example/schemas/tavel/3/")"
+           R"( xmlns:i="http://www.w3.org/2001/XMLSchema-instance")"
+           R"( xmlns:x="http://www.w3.org/2001/XMLSchema">)" +
+           std::string(sections) + "</s:Envelope>";
+}
+
+/// The reply of an operation with `params` in it.
+inline std::string replyWith(std::string_view params) {
+    return envelopeOf("<s:Body><r>" + std::string(params) + "</r></s:Body>");
+}
+
+inline std::string faultWith(std::string_view children) {
+    return envelopeOf("<s:Body><s:Fault>" + std::string(children) + "</s:Fault></s:Body>");
+}
+
+/// One call of the content manager, by the type of its request.
+struct Call {
+    explicit Call(MRLMessageI::MessageType request = MRLMessageI::eMRLContentQuery_Request)
+        : binding(MRLContentManagerServicePortType::getInstance().createPortTypeBinding(request)) {}
+
+    MRLMessageI& request() const { return binding->getInputMessage(); }
+    MRLMessageI& reply() const { return binding->getOutputMessage(); }
+
+    /// Reads `document` as the reply.
+    void read(std::string_view document, std::size_t chunk = 4096) {
+        ChunkedStream stream(document, chunk);
+        MRLSOAPMessageIDeserializer reader;
+        reader.parse(stream, *binding, reply());
+    }
+
+    HBLSmartPointer<MRLPortTypeBinding> binding;
+};
+
+} // namespace mrl::test
