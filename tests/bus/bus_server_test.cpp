@@ -118,7 +118,7 @@ protected:
              "busBadRequest"},
             {"a parameter of a wrong type", envelope("query", element("searchPath", "bus:nameValue", "")),
              "busBadRequest"},
-            {"an unknown type", envelope("query", element("searchPath", "bus:nothing", "")), "busBadRequest"},
+            {"an unknown type", envelope("query", element("searchPath", "bus:nothing", "")), "cmBadSearchPath"},
             {"an unknown property", query(revenue, "noSuchProperty"), "busBadRequest"},
             {"no end of elements", envelope("query", deep), "busBadRequest"},
             {"no parameters", envelope("query", ""), "cmBadSearchPath"},
@@ -183,7 +183,7 @@ TEST_F(BusFixture, RefusesBodiesBeyondTheLimitWithAndWithoutALength) {
 }
 
 TEST_F(BusFixture, OutlivesClientsThatSpeakNoHttp) {
-    for (const std::string bytes :
+    for (const std::string& bytes :
          {std::string("\x16\x03\x01\x02 hello"), std::string("POST / HTTP/1.1\r\n\r\n"),
           std::string(100000, 'x'),
           std::string("POST / HTTP/1.1\r\nContent-Type: text/xml\r\nContent-Length: 100\r\n\r\n<half"),

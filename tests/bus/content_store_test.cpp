@@ -43,7 +43,7 @@ protected:
         return result;
     }
     std::vector<std::string> names(const std::string& searchPath) {
-        return names(QueryRequest{searchPath, {}, {}, {}, 0, {}, {}});
+        return names(QueryRequest{.searchPath = searchPath});
     }
 
     StoreObject one(const std::string& searchPath, std::vector<std::string> properties) {
@@ -101,23 +101,24 @@ TEST_F(StoreTest, GivesEachObjectOnceHoweverManyWaysLeadToIt) {
 }
 
 TEST_F(StoreTest, SortsBySeveralPropertiesAndPages) {
-    QueryRequest request{"/content/*", {}, {{"objectClass", true}, {"defaultName", false}}, {}, 0, {}, {}};
+    QueryRequest request{.searchPath = "/content/*",
+                         .sortBy = {{"objectClass", true}, {"defaultName", false}}};
     EXPECT_THAT(names(request), ElementsAre("Retail", "Archive 2023", "Finance", "Payroll", "Sales"));
     request.skipObjects = 1;
     request.maxObjects = 2;
     EXPECT_THAT(names(request), ElementsAre("Archive 2023", "Finance"));
     request.maxObjects = 0;
     EXPECT_THAT(names(request), IsEmpty());
-    EXPECT_THAT(names({"//account", {}, {{"email", true}}, {}, 0, {}, {}}),
+    EXPECT_THAT(names({.searchPath = "//account", .sortBy = {{"email", true}}}),
                 ElementsAre("Tomas Ruiz", "Mei Tanaka", "Lena Brandt"));
 }
 
 TEST_F(StoreTest, SortsTextAsReadersExpectAndAbsentValuesLast) {
     m_store.add("/content",
                 {named("package", "retail2"), named("package", "\u00dcber"), named("package", "zebra")}, {});
-    EXPECT_THAT(names({"/content/package", {}, {{"defaultName", false}}, {}, 0, {}, {}}),
+    EXPECT_THAT(names({.searchPath = "/content/package", .sortBy = {{"defaultName", false}}}),
                 ElementsAre("Retail", "retail2", "\u00dcber", "zebra"));
-    EXPECT_THAT(names({"/content/package", {}, {{"defaultDescription", true}}, {}, 0, {}, {}}),
+    EXPECT_THAT(names({.searchPath = "/content/package", .sortBy = {{"defaultDescription", true}}}),
                 ElementsAre("Retail", "retail2", "zebra", "\u00dcber"));
 }
 
@@ -141,8 +142,9 @@ TEST_F(StoreTest, GivesTheAskedPropertiesAndNoOther) {
 }
 
 TEST_F(StoreTest, FollowsReferencesAsFarAsAsked) {
-    QueryRequest request{
-        revenue, {"owner", "ancestors"}, {}, {}, 0, {}, {{"owner", {"email", "objectClass"}}}};
+    QueryRequest request{.searchPath = revenue,
+                         .properties = {"owner", "ancestors"},
+                         .referenceProperties = {{"owner", {"email", "objectClass"}}}};
     const auto object = m_store.query(request).at(0);
     EXPECT_EQ(*object.get<References>("owner")->at(0).get<std::string>("email"),
               "lena.brandt@company.example");
@@ -156,30 +158,29 @@ TEST_F(StoreTest, KeepsFromCallersWhatTheyMayNotSee) {
     EXPECT_EQ(refusal([&] { one("/content/folder[@name='Payroll']/report[@name='Salaries']", {}); }),
               "cmNoPermission");
     EXPECT_THAT(names("//report[@name='Salary comparison'] | //report[@name='Salaries']"), IsEmpty());
-    EXPECT_THAT(names({"/content/folder", {}, {}, {}, 0, Right::write, {}}), ElementsAre("Finance", "Sales"));
+    EXPECT_THAT(names({.searchPath = "/content/folder", .permission = Right::write}),
+                ElementsAre("Finance", "Sales"));
 }
 
 TEST_F(StoreTest, AddsInheritingRightsAndRefusesATakenName) {
     const auto added = m_store.add(sales, {named("report", "O'Hara's \"Best\"")},
-                                   {NameClash::fail, {"searchPath", "permissions"}});
+                                   {.returnProperties = {"searchPath", "permissions"}});
     const std::string path = "/content/folder[@name='Sales']/report[@name='O''Hara''s \"Best\"']";
     EXPECT_EQ(added.at(0).searchPath(), path);
     EXPECT_EQ(added.at(0).get<std::vector<std::string>>("permissions")->size(), 5U);
     EXPECT_THAT(names(path), ElementsAre("O'Hara's \"Best\""));
 
     EXPECT_EQ(refusal([&] { m_store.add(sales, {named("report", "Revenue")}, {}); }), "cmNameInUse");
-    EXPECT_EQ(refusal([&] {
-                  m_store.add(sales, {named("query", "Revenue")}, {NameClash::update, {}});
-              }),
+    EXPECT_EQ(refusal([&] { m_store.add(sales, {named("query", "Revenue")}, {.clash = NameClash::update}); }),
               "cmNameInUse");
 }
 
 TEST_F(StoreTest, UpdateKeepsAnExistingObjectAndReplaceDoesNot) {
     const auto before = *one(revenue, {"storeID"}).get<std::string>("storeID");
-    m_store.add(sales, {named("report", "Revenue")}, {NameClash::update, {}});
+    m_store.add(sales, {named("report", "Revenue")}, {.clash = NameClash::update});
     EXPECT_EQ(*one(revenue, {"storeID"}).get<std::string>("storeID"), before);
     EXPECT_EQ(*one(revenue, {"version"}).get<std::int64_t>("version"), 2);
-    m_store.add(sales, {named("report", "Revenue")}, {NameClash::replace, {}});
+    m_store.add(sales, {named("report", "Revenue")}, {.clash = NameClash::replace});
     EXPECT_NE(*one(revenue, {"storeID"}).get<std::string>("storeID"), before);
     EXPECT_EQ(one(revenue, {"defaultDescription"}).properties.size(), 0U);
 }
@@ -276,6 +277,28 @@ TEST_F(StoreTest, DeletesTreesWhenAskedToAndCounts) {
     EXPECT_THAT(one(revenue, {"owner"}).properties, IsEmpty()) << "the owner is gone";
 }
 
+TEST_F(StoreTest, TreatsReferencesAsTheOptionsSay) {
+    const std::string retail = "/content/package[@name='Retail']";
+    EXPECT_EQ(refusal([&] { m_store.remove({retail}, {.recursive = true, .keepReferenced = true}); }),
+              "cmReferenced");
+    EXPECT_EQ(m_store.remove({"/content/folder[@name='Sales']/folder[@name='Regions']"},
+                             {.recursive = true, .keepReferenced = true}),
+              4);
+
+    const References nowhere{{"", {{"searchPath", std::string("/content/package[@name='Gone']")}}}};
+    m_store.update({change("report", revenue, "metadataModelPackage", nowhere)},
+                   {.deadReference = DeadReference::drop});
+    EXPECT_THAT(one(revenue, {"metadataModelPackage"}).properties, IsEmpty());
+}
+
+TEST_F(StoreTest, ForceDeletesWhatTheOwnerOfTheContainerMay) {
+    const std::string salaries = "/content/folder[@name='Sales']/report[@name='Salary comparison']";
+    EXPECT_EQ(refusal([&] { m_store.remove({salaries}, {}); }), "cmNoWrite");
+    EXPECT_EQ(m_store.remove({salaries}, {.force = true}), 1);
+    const std::string archived = "/content/folder[@name='Archive 2023']/report[@name='Annual report']";
+    EXPECT_EQ(refusal([&] { m_store.remove({archived}, {.force = true}); }), "cmNoWrite");
+}
+
 TEST_F(StoreTest, GivesUpWhatTakesTooLong) {
     auto impatient = settings();
     impatient.seams.timeLimit = std::chrono::milliseconds(-1);
@@ -285,7 +308,7 @@ TEST_F(StoreTest, GivesUpWhatTakesTooLong) {
         many.push_back(named("report", "r" + std::to_string(i)));
     EXPECT_EQ(refusal([&] {
                   store.add(sales, many, {});
-                  store.query({"//*[@a='1'] | //*[@b='1'] | //*//*[@c='1']", {}, {}, {}, 0, {}, {}});
+                  store.query({.searchPath = "//*[@a='1'] | //*[@b='1'] | //*//*[@c='1']"});
               }),
               "cmTooMuch");
 }
@@ -328,7 +351,7 @@ protected:
 TEST_F(StoreFile, KeepsItsContentFromOneRunToTheNext) {
     { ContentStore(inFile()).add("/content", {named("folder", "Mine")}, {}); }
     ContentStore again(inFile());
-    EXPECT_THAT(again.query({"/content/folder[@name='Mine']", {}, {}, {}, 0, {}, {}}), SizeIs(1));
+    EXPECT_THAT(again.query({.searchPath = "/content/folder[@name='Mine']"}), SizeIs(1));
 }
 
 TEST_F(StoreFile, ReadOnlyRefusesChangesAndLeavesTheFileAlone) {
@@ -337,15 +360,15 @@ TEST_F(StoreFile, ReadOnlyRefusesChangesAndLeavesTheFileAlone) {
     readOnly.readOnly = true;
     ContentStore store(readOnly);
     EXPECT_EQ(refusal([&] { store.add("/content", {named("folder", "Mine")}, {}); }), "cmNoWrite");
-    EXPECT_THAT(store.query({"/content/*", {}, {}, {}, 0, {}, {}}), SizeIs(5));
+    EXPECT_THAT(store.query({.searchPath = "/content/*"}), SizeIs(5));
 }
 
 TEST_F(StoreFile, EmptyHasTheContainersAndNothingInThem) {
     auto empty = inFile();
     empty.empty = true;
     ContentStore store(empty);
-    EXPECT_THAT(store.query({"/*", {}, {}, {}, 0, {}, {}}), SizeIs(4));
-    EXPECT_THAT(store.query({"/*/*", {}, {}, {}, 0, {}, {}}), IsEmpty());
+    EXPECT_THAT(store.query({.searchPath = "/*"}), SizeIs(4));
+    EXPECT_THAT(store.query({.searchPath = "/*/*"}), IsEmpty());
 }
 
 TEST_F(StoreFile, RefusesFilesThatAreNoStore) {

@@ -76,6 +76,7 @@ std::string BusServer::url() const {
 
 void BusServer::stop() {
     m_server.stop();
+    Poco::Net::ServerSocket(m_server.socket()).close(); // or callers would still get into its queue
     const auto end = std::chrono::steady_clock::now() + graceTime;
     while (m_busy.load() > 0 && std::chrono::steady_clock::now() < end)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));

@@ -70,6 +70,14 @@ NameClash askedClash(MRLSchemaTypeI* options) {
     return action == "update" ? NameClash::update : NameClash::fail;
 }
 
+bool isSet(MRLSchemaTypeI* options, const char* option) {
+    return SchemaAccess::number(options, option).value_or(0) != 0;
+}
+
+DeadReference askedDeadReference(MRLSchemaTypeI* options) {
+    return isSet(options, "ignoreInvalidObjectReference") ? DeadReference::drop : DeadReference::fail;
+}
+
 std::vector<StoreObject> givenObjects(MRLBaseClassArray* array) {
     std::vector<StoreObject> objects;
     for (auto* object : SchemaAccess::elements(array))
@@ -122,13 +130,13 @@ void ContentManager::query(MRLContentQuery_Request& request, MRLContentQuery_Rep
             SchemaAccess::texts(reference, "properties");
 
     auto& registry = reply.getObjectRegistry();
-    fill(*reply.getResult(&registry), m_store.query(query), registry,
-         SchemaAccess::number(options, "schemaInfo").value_or(0) != 0);
+    fill(*reply.getResult(&registry), m_store.query(query), registry, isSet(options, "schemaInfo"));
 }
 
 void ContentManager::add(MRLContentAdd_Request& request, MRLContentAdd_Reply& reply) {
     MRLAddOptions* options = request.getOptions();
-    const AddOptions wanted{askedClash(options), SchemaAccess::texts(options, "returnProperties")};
+    const AddOptions wanted{askedClash(options), isSet(options, "faultIfObjectReferenced"),
+                            askedDeadReference(options), SchemaAccess::texts(options, "returnProperties")};
     auto& registry = reply.getObjectRegistry();
     fill(*reply.getResult(&registry),
          m_store.add(requiredPath(request.getParentPath(), "parentPath"), givenObjects(request.getObjects()),
@@ -137,7 +145,8 @@ void ContentManager::add(MRLContentAdd_Request& request, MRLContentAdd_Reply& re
 }
 
 void ContentManager::update(MRLContentUpdate_Request& request, MRLContentUpdate_Reply& reply) {
-    const UpdateOptions wanted{SchemaAccess::texts(request.getOptions(), "returnProperties")};
+    MRLUpdateOptions* options = request.getOptions();
+    const UpdateOptions wanted{askedDeadReference(options), SchemaAccess::texts(options, "returnProperties")};
     auto& registry = reply.getObjectRegistry();
     fill(*reply.getResult(&registry), m_store.update(givenObjects(request.getObjects()), wanted), registry,
          false);
@@ -147,8 +156,10 @@ void ContentManager::remove(MRLContentDelete_Request& request, MRLContentDelete_
     std::vector<std::string> paths;
     for (auto* object : SchemaAccess::elements(request.getObjects()))
         paths.push_back(SchemaAccess::text(SchemaAccess::object(object, "searchPath"), "value").value_or(""));
-    const bool recursive = SchemaAccess::number(request.getOptions(), "recursive").value_or(0) != 0;
-    reply.setResult(static_cast<int>(m_store.remove(paths, {.recursive = recursive})));
+    MRLDeleteOptions* options = request.getOptions();
+    const DeleteOptions wanted{isSet(options, "recursive"), isSet(options, "faultIfObjectReferenced"),
+                               isSet(options, "force")};
+    reply.setResult(static_cast<int>(m_store.remove(paths, wanted)));
 }
 
 } // namespace mrl::bus

@@ -159,12 +159,12 @@ std::vector<StoreObject> ContentStore::add(const std::string& parentPath,
     refuseWhenReadOnly();
     return operate([&] {
         Transaction transaction(m_database);
-        ObjectWriter writer(m_database, m_settings.seams);
+        ObjectWriter writer(m_database, m_settings.seams, options.deadReference);
         ObjectReader reader(m_database, options.returnProperties);
         const ObjectRow parent = writer.resolve(parentPath);
         std::vector<StoreObject> result;
         for (const auto& object : objects)
-            result.push_back(reader.read(writer.add(parent, object, options.clash)));
+            result.push_back(reader.read(writer.add(parent, object, options)));
         transaction.commit();
         return result;
     });
@@ -175,7 +175,7 @@ std::vector<StoreObject> ContentStore::update(const std::vector<StoreObject>& ob
     refuseWhenReadOnly();
     return operate([&] {
         Transaction transaction(m_database);
-        ObjectWriter writer(m_database, m_settings.seams);
+        ObjectWriter writer(m_database, m_settings.seams, options.deadReference);
         ObjectReader reader(m_database, options.returnProperties);
         std::vector<StoreObject> result;
         for (const auto& object : objects)

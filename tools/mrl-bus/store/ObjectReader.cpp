@@ -155,9 +155,11 @@ std::optional<StoreObject> ObjectReader::reference(const std::string& property, 
     auto& reader = m_referenceReaders[property];
     if (!reader) {
         static const ReferenceProperties noneDeeper;
+        static const std::vector<std::string> ofAncestors{"defaultName", "searchPath", "storeID"};
         const auto asked = m_referenceProperties.find(property);
+        const auto& usual = property == "ancestors" ? ofAncestors : searchPathOnly();
         reader = std::make_unique<ObjectReader>(
-            m_database, asked != m_referenceProperties.end() ? asked->second : searchPathOnly(), noneDeeper);
+            m_database, asked != m_referenceProperties.end() ? asked->second : usual, noneDeeper);
     }
     return reader->read(*row);
 }

@@ -87,9 +87,10 @@ bool equal(const PropertyValue& left, const PropertyValue& right) {
 
 } // namespace
 
-ObjectWriter::ObjectWriter(Database& database, const StoreSeams& seams)
+ObjectWriter::ObjectWriter(Database& database, const StoreSeams& seams, DeadReference deadReference)
     : m_database(database)
     , m_seams(seams)
+    , m_deadReference(deadReference)
     , m_objects(database)
     , m_properties(database) {}
 
@@ -107,19 +108,19 @@ ObjectRow ObjectWriter::resolve(const std::string& searchPath) {
     return std::move(*row);
 }
 
-ObjectRow ObjectWriter::add(const ObjectRow& parent, const StoreObject& object, NameClash clash) {
+ObjectRow ObjectWriter::add(const ObjectRow& parent, const StoreObject& object, const AddOptions& options) {
     requireWrite(parent, "add objects to");
     const std::string name = wantedName(object, {});
     if (const auto existing = m_objects.byName(parent.id, checkedName(name))) {
         const bool sameClass = existing->objectClass == object.objectClass;
-        if (clash == NameClash::fail || (clash == NameClash::update && !sameClass))
+        if (options.clash == NameClash::fail || (options.clash == NameClash::update && !sameClass))
             refuse(StoreErrorCode::nameInUse,
                    parent.searchPath() + " already holds an object named '" + name + "', of the class " +
                        existing->objectClass +
                        "; choose another name, or add with the update action replace or update.");
-        if (clash == NameClash::update)
+        if (options.clash == NameClash::update)
             return update(*existing, object);
-        remove(*existing, {.recursive = true});
+        remove(*existing, {.recursive = true, .keepReferenced = options.keepReferenced});
     }
     return place(parent, object, has(parent.rights, Right::traverse) ? parent.rights : noRights);
 }
@@ -143,7 +144,7 @@ ObjectRow ObjectWriter::place(const ObjectRow& parent, const StoreObject& object
     for (const auto& [property, value] : object.properties) {
         const auto* rule = findPropertyRule(property);
         if (rule == nullptr || property == "name")
-            m_properties.set(row.id, property, value, m_objects);
+            m_properties.set(row.id, property, value, m_objects, m_deadReference);
         else if (property != "defaultName")
             setBuiltIn(row, property, value);
     }
@@ -171,7 +172,7 @@ ObjectRow ObjectWriter::update(ObjectRow row, const StoreObject& object) {
     for (const auto& [property, value] : object.properties) {
         const auto* rule = findPropertyRule(property);
         if (rule == nullptr || property == "name")
-            m_properties.set(row.id, property, value, m_objects);
+            m_properties.set(row.id, property, value, m_objects, m_deadReference);
         else if (!rule->writable)
             refuseChange(row, property, value);
         else if (property != "defaultName")
@@ -210,10 +211,11 @@ void ObjectWriter::setDefaultTexts(const ObjectRow& row, const StoreObject& obje
     for (const auto& [localized, plain] : pairs) {
         const auto* texts = object.get<std::vector<LocalText>>(localized);
         if (texts != nullptr && !object.properties.contains(plain))
-            m_properties.set(row.id, plain, pickText(*texts), m_objects);
+            m_properties.set(row.id, plain, pickText(*texts), m_objects, m_deadReference);
         const auto* text = object.get<std::string>(plain);
         if (text != nullptr && !object.properties.contains(localized))
-            m_properties.set(row.id, localized, std::vector<LocalText>{{defaultLocale, *text}}, m_objects);
+            m_properties.set(row.id, localized, std::vector<LocalText>{{defaultLocale, *text}}, m_objects,
+                             m_deadReference);
     }
 }
 
@@ -228,10 +230,20 @@ void ObjectWriter::setBuiltIn(ObjectRow& row, const std::string& name, const Pro
         const auto* owners = std::get_if<References>(&value);
         if (owners != nullptr && owners->size() > 1)
             refuse(StoreErrorCode::badProperty, "An object has one owner; give one account.");
-        row.owner = owners == nullptr || owners->empty()
-                        ? std::nullopt
-                        : std::optional(resolve(owners->front().searchPath()).id);
+        row.owner.reset();
+        if (owners != nullptr && !owners->empty())
+            row.owner = resolveOwner(owners->front().searchPath());
     } // the others are the store's: what a new object brings of them is passed over
+}
+
+std::optional<std::int64_t> ObjectWriter::resolveOwner(const std::string& searchPath) {
+    try {
+        return resolve(searchPath).id;
+    } catch (const StoreError& e) {
+        if (e.code() != StoreErrorCode::notFound || m_deadReference != DeadReference::drop)
+            throw;
+        return std::nullopt;
+    }
 }
 
 void ObjectWriter::refuseChange(const ObjectRow& row, const std::string& name, const PropertyValue& value) {
@@ -249,7 +261,17 @@ void ObjectWriter::refuseChange(const ObjectRow& row, const std::string& name, c
 std::int64_t ObjectWriter::remove(const ObjectRow& row, const DeleteOptions& options) {
     if (row.isFixture())
         refuse(StoreErrorCode::noWrite, row.searchPath() + " is part of the store and cannot be deleted.");
-    requireWrite(row, "delete");
+    requireDelete(row, options);
+    if (options.keepReferenced)
+        refuseReferenced(row);
+    return m_objects.remove(row);
+}
+
+void ObjectWriter::requireDelete(const ObjectRow& row, const DeleteOptions& options) {
+    const auto parent = m_objects.byId(*row.parent);
+    const bool forced = options.force && has(parent->rights, Right::setPolicy);
+    if (!forced)
+        requireWrite(row, "delete");
     Statement below(m_database,
                     "SELECT path, rights FROM object WHERE path > ?1 || '/' AND path < ?1 || '0'");
     below.start(row.path);
@@ -258,13 +280,25 @@ std::int64_t ObjectWriter::remove(const ObjectRow& row, const DeleteOptions& opt
             refuse(StoreErrorCode::hasChildren, row.searchPath() +
                                                     " has children; delete them first, or delete with the "
                                                     "option recursive.");
-        if (!has(static_cast<Rights>(below.integer(1)), Right::write))
+        if (!forced && !has(static_cast<Rights>(below.integer(1)), Right::write))
             refuse(StoreErrorCode::noWrite, "You have no right to delete " + below.text(0) +
                                                 ", which is below " + row.searchPath() +
                                                 "; nothing was deleted.");
     }
-    below.reset();
-    return m_objects.remove(row);
+}
+
+void ObjectWriter::refuseReferenced(const ObjectRow& row) {
+    // Who refers to the object or to one below it, and does not go with it.
+    Statement referrer(m_database,
+                       "WITH going (id) AS (SELECT id FROM object WHERE path = ?1 OR "
+                       "path > ?1 || '/' AND path < ?1 || '0'), "
+                       "referrer (id) AS (SELECT p.object FROM going JOIN property p ON p.target = going.id "
+                       "UNION SELECT o.id FROM going JOIN object o ON o.owner = going.id) "
+                       "SELECT path FROM object WHERE id IN referrer AND id NOT IN going LIMIT 1");
+    if (referrer.start(row.path).step())
+        refuse(StoreErrorCode::referenced, referrer.text(0) + " refers to " + row.searchPath() +
+                                               " or to an object below it; change that first, or leave out "
+                                               "the option faultIfObjectReferenced.");
 }
 
 } // namespace mrl::bus

@@ -12,11 +12,13 @@ namespace {
 /// Binds the parts of a value, one row each.
 class RowWriter {
 public:
-    RowWriter(Statement& insert, std::int64_t object, const std::string& name, ObjectTable& objects)
+    RowWriter(Statement& insert, std::int64_t object, const std::string& name, ObjectTable& objects,
+              DeadReference deadReference)
         : m_insert(insert)
         , m_object(object)
         , m_name(name)
-        , m_objects(objects) {}
+        , m_objects(objects)
+        , m_deadReference(deadReference) {}
 
     void operator()(std::monostate) {}
     void operator()(const std::string& text) { put("text", std::nullopt, text); }
@@ -35,10 +37,10 @@ public:
     }
 
     void operator()(const References& references) {
-        for (const auto& reference : references) {
-            const auto target = resolve(reference.searchPath());
-            m_insert.run(m_object, m_name, m_position++, "reference", std::nullopt, std::nullopt, target);
-        }
+        for (const auto& reference : references)
+            if (const auto target = resolve(reference.searchPath()))
+                m_insert.run(m_object, m_name, m_position++, "reference", std::nullopt, std::nullopt,
+                             *target);
     }
 
 private:
@@ -47,9 +49,11 @@ private:
         m_insert.run(m_object, m_name, m_position++, kind, locale, value, std::nullopt);
     }
 
-    std::int64_t resolve(const std::string& searchPath) {
+    std::optional<std::int64_t> resolve(const std::string& searchPath) {
         const auto exact = exactPath(SearchPath::parse(searchPath));
         const auto row = exact ? m_objects.byPath(*exact) : std::nullopt;
+        if (!row && exact && m_deadReference == DeadReference::drop)
+            return std::nullopt;
         if (!row)
             throw StoreError(exact ? StoreErrorCode::notFound : StoreErrorCode::ambiguousPath,
                              "The property " + m_name + " refers to " + searchPath +
@@ -62,6 +66,7 @@ private:
     std::int64_t m_object;
     const std::string& m_name;
     ObjectTable& m_objects;
+    DeadReference m_deadReference;
     std::int64_t m_position = 0;
 };
 
@@ -74,9 +79,9 @@ PropertyTable::PropertyTable(Database& database)
                          "VALUES (?, ?, ?, ?, ?, ?, ?)") {}
 
 void PropertyTable::set(std::int64_t object, const std::string& name, const PropertyValue& value,
-                        ObjectTable& objects) {
+                        ObjectTable& objects, DeadReference deadReference) {
     m_clear.run(object, name);
-    std::visit(RowWriter(m_insert, object, name, objects), value);
+    std::visit(RowWriter(m_insert, object, name, objects, deadReference), value);
 }
 
 void PropertyTable::replaceText(std::int64_t object, std::string_view name, std::string_view before,

@@ -2,6 +2,7 @@
 
 #include "store/ObjectTable.h"
 #include "store/StoreObject.h"
+#include "store/StoreRequests.h"
 
 #include <cstdint>
 #include <string>
@@ -17,8 +18,9 @@ public:
     explicit PropertyTable(Database& database);
 
     /// Replaces the property's value; monostate and empty lists leave none.
-    /// @throws StoreError notFound when a reference leads nowhere.
-    void set(std::int64_t object, const std::string& name, const PropertyValue& value, ObjectTable& objects);
+    /// @throws StoreError notFound when a reference leads nowhere, unless those are dropped.
+    void set(std::int64_t object, const std::string& name, const PropertyValue& value, ObjectTable& objects,
+             DeadReference deadReference);
 
     /// Puts `now` where a row of the property holds the text `before`.
     void replaceText(std::int64_t object, std::string_view name, std::string_view before,

@@ -13,6 +13,7 @@ std::string_view codeText(StoreErrorCode code) noexcept {
     case StoreErrorCode::nameInUse: return "cmNameInUse";
     case StoreErrorCode::badName: return "cmBadName";
     case StoreErrorCode::hasChildren: return "cmHasChildren";
+    case StoreErrorCode::referenced: return "cmReferenced";
     case StoreErrorCode::badSearchPath: return "cmBadSearchPath";
     case StoreErrorCode::badProperty: return "cmBadProperty";
     case StoreErrorCode::badOption: return "cmBadOption";

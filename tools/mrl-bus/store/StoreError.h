@@ -18,6 +18,7 @@ enum class StoreErrorCode {
     nameInUse,
     badName,
     hasChildren,
+    referenced, ///< other objects refer to it
     badSearchPath,
     badProperty,
     badOption,
