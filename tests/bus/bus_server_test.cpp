@@ -104,31 +104,31 @@ protected:
         const auto path = [](const std::string& text) {
             return element("searchPath", "bus:searchPathMultipleObject", text);
         };
-        return {
-            {"nothing", "", "busBadRequest"},
-            {"no XML", "hello", "busBadRequest"},
-            {"a page", "<html><body>hello</body></html>", "busBadRequest"},
-            {"a broken end", good.substr(0, good.size() / 2), "busBadRequest"},
-            {"bytes that are no UTF-8", query("/content/*\xff", "name"), "busBadRequest"},
-            {"a document type", "<!DOCTYPE a [<!ENTITY b \"c\">]>" + good.substr(good.find("<SOAP")),
-             "busBadRequest"},
-            {"an unknown service", otherService, "busBadRequest"},
-            {"an unknown operation", envelope("quarry", ""), "busBadRequest"},
-            {"an unknown parameter", envelope("query", element("path", "xs:string", "/content")),
-             "busBadRequest"},
-            {"a parameter of a wrong type", envelope("query", element("searchPath", "bus:nameValue", "")),
-             "busBadRequest"},
-            {"an unknown type", envelope("query", element("searchPath", "bus:nothing", "")), "cmBadSearchPath"},
-            {"an unknown property", query(revenue, "noSuchProperty"), "busBadRequest"},
-            {"no end of elements", envelope("query", deep), "busBadRequest"},
-            {"no parameters", envelope("query", ""), "cmBadSearchPath"},
-            {"an operation not offered", envelope("ping", ""), "busNotOffered"},
-            {"a fault",
-             "<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/soap/envelope/\"><e:Body><e:Fault>"
-             "<e:faultcode>x</e:faultcode></e:Fault></e:Body></e:Envelope>",
-             "busBadRequest"},
-            {"a path that is none", envelope("query", path("content")), "cmBadSearchPath"},
-            {"a closed folder", query("/content/folder[@name='Payroll']/*", "name"), "cmNoPermission"}};
+        return {{"nothing", "", "busBadRequest"},
+                {"no XML", "hello", "busBadRequest"},
+                {"a page", "<html><body>hello</body></html>", "busBadRequest"},
+                {"a broken end", good.substr(0, good.size() / 2), "busBadRequest"},
+                {"bytes that are no UTF-8", query("/content/*\xff", "name"), "busBadRequest"},
+                {"a document type", "<!DOCTYPE a [<!ENTITY b \"c\">]>" + good.substr(good.find("<SOAP")),
+                 "busBadRequest"},
+                {"an unknown service", otherService, "busBadRequest"},
+                {"an unknown operation", envelope("quarry", ""), "busBadRequest"},
+                {"an unknown parameter", envelope("query", element("path", "xs:string", "/content")),
+                 "busBadRequest"},
+                {"a parameter of a wrong type", envelope("query", element("searchPath", "bus:nameValue", "")),
+                 "busBadRequest"},
+                {"an unknown type", envelope("query", element("searchPath", "bus:nothing", "")),
+                 "cmBadSearchPath"},
+                {"an unknown property", query(revenue, "noSuchProperty"), "busBadRequest"},
+                {"no end of elements", envelope("query", deep), "busBadRequest"},
+                {"no parameters", envelope("query", ""), "cmBadSearchPath"},
+                {"an operation not offered", envelope("ping", ""), "busNotOffered"},
+                {"a fault",
+                 "<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/soap/envelope/\"><e:Body><e:Fault>"
+                 "<e:faultcode>x</e:faultcode></e:Fault></e:Body></e:Envelope>",
+                 "busBadRequest"},
+                {"a path that is none", envelope("query", path("content")), "cmBadSearchPath"},
+                {"a closed folder", query("/content/folder[@name='Payroll']/*", "name"), "cmNoPermission"}};
     }
 };
 

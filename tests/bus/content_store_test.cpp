@@ -354,6 +354,13 @@ TEST_F(StoreFile, KeepsItsContentFromOneRunToTheNext) {
     EXPECT_THAT(again.query({.searchPath = "/content/folder[@name='Mine']"}), SizeIs(1));
 }
 
+TEST_F(StoreFile, ReadOnlyNeverMakesAFile) {
+    auto readOnly = inFile();
+    readOnly.readOnly = true;
+    EXPECT_THROW(ContentStore{readOnly}, SqliteError);
+    EXPECT_FALSE(std::filesystem::exists(m_file));
+}
+
 TEST_F(StoreFile, ReadOnlyRefusesChangesAndLeavesTheFileAlone) {
     { ContentStore store(inFile()); }
     auto readOnly = inFile();

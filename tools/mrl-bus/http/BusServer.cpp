@@ -62,16 +62,13 @@ BusServer::BusServer(RequestProcessor& processor, const ServerSettings& settings
     : m_settings(settings)
     , m_threads("mrl-bus", 1, settings.threads)
     , m_server(new HandlerFactory(processor, m_settings, m_busy), m_threads, listen(m_settings),
-               toParams(m_settings)) {
+               toParams(m_settings))
+    , m_url("http://" + m_server.socket().address().toString() + "/") {
     m_server.start();
 }
 
 BusServer::~BusServer() {
     stop();
-}
-
-std::string BusServer::url() const {
-    return "http://" + m_server.socket().address().toString() + "/";
 }
 
 void BusServer::stop() {

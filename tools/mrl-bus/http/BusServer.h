@@ -19,7 +19,7 @@ public:
     ~BusServer();
 
     /// Where it listens, as "http://127.0.0.1:9300/".
-    std::string url() const;
+    const std::string& url() const { return m_url; }
 
     /// Takes no more requests, lets those at work finish for a moment, and ends. May be called again.
     void stop();
@@ -29,6 +29,7 @@ private:
     std::atomic<int> m_busy{0}; // requests being answered
     Poco::ThreadPool m_threads;
     Poco::Net::HTTPServer m_server;
+    std::string m_url;
 };
 
 } // namespace mrl::bus

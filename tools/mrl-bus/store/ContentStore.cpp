@@ -12,7 +12,6 @@
 #include "store/StoreLayout.h"
 #include "store/Transaction.h"
 
-#include <filesystem>
 #include <sqlite3.h>
 
 namespace mrl::bus {
@@ -20,8 +19,8 @@ namespace mrl::bus {
 namespace {
 
 Database::Access accessFor(const StoreSettings& settings) {
-    const bool exists = !settings.file.empty() && std::filesystem::exists(settings.file);
-    return settings.readOnly && exists ? Database::Access::readOnly : Database::Access::readWrite;
+    return settings.readOnly && !settings.file.empty() ? Database::Access::readOnly
+                                                       : Database::Access::readWrite;
 }
 
 /// The time an operation may take, taken off again on every way out.
