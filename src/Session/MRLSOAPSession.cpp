@@ -1,5 +1,8 @@
 #include "Session/MRLSOAPSession.h"
 
+#include "Common/MRLException.h"
+#include "Common/MRLHBLMessage.h"
+#include "Common/MRLMessageNumbers.h"
 #include "Session/MRLHelper.h"
 #include "Session/MRLIPFLogger.h"
 #include "Session/MRLPerfLogger.h"
@@ -9,19 +12,15 @@
 #include "Session/detail/BusFactory.h"
 #include "Session/detail/Exchange.h"
 #include "Session/detail/FaultCode.h"
+#include "Toolkit/MRLMessageI.h"
+#include "Toolkit/MRLPortTypeBinding.h"
+#include "Toolkit/MRLSOAPFault.h"
+#include "serialization/MRLSOAPFaultException.h"
 
 #include "HBLCore/HBLFailure.h"
 #include "HBLCore/I18NString.h"
 #include "PLQStreams/PLQMemoryOutputStream.h"
 #include "TavelTK/TavelTK.h"
-
-#include "Common/MRLException.h"
-#include "Common/MRLHBLMessage.h"
-#include "Common/MRLMessageNumbers.h"
-#include "Toolkit/MRLMessageI.h"
-#include "Toolkit/MRLPortTypeBinding.h"
-#include "Toolkit/MRLSOAPFault.h"
-#include "serialization/MRLSOAPFaultException.h"
 
 #include <cstring>
 

@@ -3,6 +3,8 @@
 #include "Session/MRLSOAPSession.h"
 #include "Session/detail/Exchange.h"
 #include "Session/detail/FaultCode.h"
+#include "Toolkit/MRLPortTypeBinding.h"
+#include "serialization/MRLSOAPFaultException.h"
 
 #include "HBLCore/HBLByteBuffer.h"
 #include "HBLCore/HBLFailure.h"
@@ -10,9 +12,6 @@
 #include "PLQStreams/PLQOutputStream.h"
 #include "TavelTK/TavelTKException.h"
 #include "TavelTK/TavelTKMessageWriter.h"
-
-#include "Toolkit/MRLPortTypeBinding.h"
-#include "serialization/MRLSOAPFaultException.h"
 
 #include <array>
 #include <string_view>
@@ -122,8 +121,8 @@ void MRLSOAPSession::resendTrusted(Exchange& exchange, MRLPortTypeBinding& bindi
                                    const MRLAttachmentList& attachments,
                                    PLQMemoryOutputStream& requestCopy) const {
     HBLByteBuffer encrypted(1, 256, 256);
-    MRLHelper::encryptTrusted(requestCopy.bytes(), static_cast<std::size_t>(requestCopy.length()),
-                              m_clientID, encrypted);
+    MRLHelper::encryptTrusted(requestCopy.bytes(), static_cast<std::size_t>(requestCopy.length()), m_clientID,
+                              encrypted);
     exchange.abandon();
     HBL_ASSERT_NAMED(m_playbackBaseDir == 0, "Playback is not supported for trusted requests.");
     exchange.begin(nullptr);

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "HBLCore/MRLExport.h"
 #include "Session/MRLAttachmentList.h"
+
+#include "HBLCore/MRLExport.h"
 
 #include <string>
 

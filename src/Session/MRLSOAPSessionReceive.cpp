@@ -1,20 +1,19 @@
 // How a reply enters the session, and what is logged of it.
-#include "Session/MRLServiceCallbackI.h"
+#include "Common/MRLPLQMemoryOutputStream.h"
+#include "Common/PLQEchoInputStream.h"
 #include "Session/MRLSOAPSession.h"
+#include "Session/MRLServiceCallbackI.h"
 #include "Session/detail/FaultCode.h"
 #include "Session/detail/LentHeader.h"
 #include "Session/detail/Wire.h"
-
-#include "Common/MRLPLQMemoryOutputStream.h"
-#include "Common/PLQEchoInputStream.h"
-#include "HBLCore/HBLFailure.h"
-#include "PLQStreams/PLQMemoryInputStream.h"
-#include "TavelTK/TavelTKMessageReader.h"
-
 #include "Toolkit/MRLPortTypeBinding.h"
 #include "Toolkit/MRLSOAPFault.h"
 #include "serialization/MRLSOAPFaultException.h"
 #include "serialization/MRL_AttachmentHandler.h"
+
+#include "HBLCore/HBLFailure.h"
+#include "PLQStreams/PLQMemoryInputStream.h"
+#include "TavelTK/TavelTKMessageReader.h"
 
 #include <array>
 #include <utility>

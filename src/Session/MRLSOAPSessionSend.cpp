@@ -1,21 +1,20 @@
 // How a request leaves the session, and what is logged of it.
+#include "Common/MRLPLQMemoryOutputStream.h"
+#include "Common/PLQEchoOutputStream.h"
 #include "Session/MRLDocumentOutputI.h"
 #include "Session/MRLHelper.h"
 #include "Session/MRLIPFLogger.h"
 #include "Session/MRLSOAPSession.h"
 #include "Session/detail/LentHeader.h"
 #include "Session/detail/Wire.h"
+#include "Toolkit/MRLPortTypeBinding.h"
 
-#include "Common/MRLPLQMemoryOutputStream.h"
-#include "Common/PLQEchoOutputStream.h"
 #include "HBLCore/HBLByteBuffer.h"
 #include "HBLCore/HBLDowncastSize.h"
 #include "HBLCore/HBLFailure.h"
 #include "HBLCore/I18NString.h"
 #include "PLQStreams/PLQMemoryOutputStream.h"
 #include "TavelTK/TavelTKMessageWriter.h"
-
-#include "Toolkit/MRLPortTypeBinding.h"
 
 #include <optional>
 

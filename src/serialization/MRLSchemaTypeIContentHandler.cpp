@@ -120,7 +120,7 @@ void MRLSchemaTypeIContentHandler::startElement(const XMLCh* /*uri*/, const XMLC
         return;
     }
     if (!isGenerated(parent->getParamType())) {
-        throwFailure(HBL_HERE, START_ELEMENT, msg::elementInSimpleValue, name.c_str());
+        throwFailure(HBL_HERE, START_ELEMENT, msg::elementInSimpleValue, parent->getParamName());
     }
     HBL_ASSERT(parent->getParamValue());
     if (parent->getParamType() == MRLSchemaTypeI::eMRLZOR &&

@@ -1,20 +1,13 @@
 #include "Session/MRLSOAPSession.h"
-
 #include "Session/MRLServiceCallbackI.h"
 #include "Session/MRLTestInfo.h"
-
-#include "HBLCore/HBLFailure.h"
-#include "HBLCore/HBLSmartPointer.h"
-#include "PLQStreams/PLQOutputStream.h"
-#include "TavelTK/TavelTKException.h"
-
-#include "Toolkit/MRLContentElect_Request.h"
-#include "Toolkit/MRLContentManagerServicePortType.h"
-#include "Toolkit/MRLContentQueryCount_Request.h"
 #include "Toolkit/MRLAsynchRun_Request.h"
 #include "Toolkit/MRLBatchReportServicePortType.h"
+#include "Toolkit/MRLContentElect_Request.h"
 #include "Toolkit/MRLContentGetActiveContentManager_Reply.h"
 #include "Toolkit/MRLContentGetActiveContentManager_Request.h"
+#include "Toolkit/MRLContentManagerServicePortType.h"
+#include "Toolkit/MRLContentQueryCount_Request.h"
 #include "Toolkit/MRLJobServicePortType.h"
 #include "Toolkit/MRLPortTypeBinding.h"
 #include "Toolkit/MRLReportServicePortType.h"
@@ -23,6 +16,11 @@
 #include "serialization/MRLSOAPFaultException.h"
 #include "support/Failure.h"
 #include "support/FakeBus.h"
+
+#include "HBLCore/HBLFailure.h"
+#include "HBLCore/HBLSmartPointer.h"
+#include "PLQStreams/PLQOutputStream.h"
+#include "TavelTK/TavelTKException.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -39,8 +37,8 @@ constexpr const char* URL = "http://bus.example/service";
 std::string envelope(const std::string& body) {
     return R"(<?xml version="1.0" encoding="UTF-8"?>
 <e:Envelope xmlns:e="http://schemas.xmlsoap.org/soap/envelope/" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xmlns:xs="http://www.w3.org/2001/XMLSchema">
-<e:Body>)" + body +
-           "</e:Body></e:Envelope>";
+<e:Body>)" +
+           body + "</e:Body></e:Envelope>";
 }
 
 std::string answer(const std::string& result) {
@@ -48,8 +46,9 @@ std::string answer(const std::string& result) {
 }
 
 std::string fault(const std::string& code) {
-    return envelope("<e:Fault><faultcode>Client</faultcode><faultstring>no</faultstring><detail><exception><errorCode>" +
-                    code + "</errorCode></exception></detail></e:Fault>");
+    return envelope(
+        "<e:Fault><faultcode>Client</faultcode><faultstring>no</faultstring><detail><exception><errorCode>" +
+        code + "</errorCode></exception></detail></e:Fault>");
 }
 
 /// A call of an operation whose reply is one string.
@@ -79,13 +78,14 @@ TEST_F(SessionTest, APlainCallGivesEverythingBackInOrder) {
     Call call;
     submit(call);
     EXPECT_STREQ("cm1", call.result());
-    EXPECT_THAT(bus.calls,
-                ElementsAre("getSession http://bus.example/service "
-                            "<sessionConfigDocument><serviceID>test</serviceID></sessionConfigDocument> 1000",
-                            "setProperty send-content-length 1", "openRequest 0",
-                            "openEnvelope http://www.vantor.example/xmlns/prod/vantor/contentManagerService/202004/",
-                            "closeEnvelope", "closeRequest", "openResponse", "openEnvelope(reply)",
-                            "closeEnvelope(reply)", "closeResponse", "release", "delete factory"));
+    EXPECT_THAT(
+        bus.calls,
+        ElementsAre("getSession http://bus.example/service "
+                    "<sessionConfigDocument><serviceID>test</serviceID></sessionConfigDocument> 1000",
+                    "setProperty send-content-length 1", "openRequest 0",
+                    "openEnvelope http://www.vantor.example/xmlns/prod/vantor/contentManagerService/202004/",
+                    "closeEnvelope", "closeRequest", "openResponse", "openEnvelope(reply)",
+                    "closeEnvelope(reply)", "closeResponse", "release", "delete factory"));
     EXPECT_EQ(0, bus.live);
     EXPECT_EQ(nullptr, call.binding->getInputMessage().getTavelHeader(nullptr)) << "the header was only lent";
 }
@@ -124,8 +124,9 @@ FakeBus::Step failing(int code, std::string where) {
 }
 
 int exchanges(const FakeBus& bus) {
-    return static_cast<int>(std::count_if(bus.calls.begin(), bus.calls.end(),
-                                          [](const std::string& call) { return call.starts_with("getSession"); }));
+    return static_cast<int>(std::count_if(bus.calls.begin(), bus.calls.end(), [](const std::string& call) {
+        return call.starts_with("getSession");
+    }));
 }
 
 struct Broken {
@@ -161,13 +162,18 @@ INSTANTIATE_TEST_SUITE_P(
     Session, BrokenExchange,
     testing::Values(
         Broken{"reply broke off once", {{6, "openEnvelope(reply)"}}, 2, true, ""},
-        Broken{"another failure in between", {{6, "openEnvelope(reply)"}, {7, "openEnvelope(reply)"}}, 3, true, ""},
+        Broken{"another failure in between",
+               {{6, "openEnvelope(reply)"}, {7, "openEnvelope(reply)"}},
+               3,
+               true,
+               ""},
         Broken{"a retry that cannot send", {{6, "openEnvelope(reply)"}, {6, "closeRequest"}}, 3, true, ""},
         Broken{"another code first", {{7, "openEnvelope(reply)"}}, 1, false, "not HBL-BIT-0006"},
         Broken{"broke off while sending", {{6, "closeRequest"}}, 1, false, "MRLSOAPSession::submit()"},
         Broken{"not even a response", {{6, "openResponse"}}, 1, false, "MRLSOAPSession::submit()"},
-        Broken{"ten retries in vain", std::vector<std::pair<int, const char*>>(11, {6, "openEnvelope(reply)"}), 11,
-               false, "failed after reach retry limit."}),
+        Broken{"ten retries in vain",
+               std::vector<std::pair<int, const char*>>(11, {6, "openEnvelope(reply)"}), 11, false,
+               "failed after reach retry limit."}),
     [](const auto& row) {
         std::string name = row.param.name;
         std::replace(name.begin(), name.end(), ' ', '_');
@@ -201,9 +207,10 @@ TEST_P(EndpointRule, DecidesWithoutAnExplicitURI) {
 INSTANTIATE_TEST_SUITE_P(
     Session, EndpointRule,
     testing::Values(
-        Endpoint{"content_manager", "test",
-                 bind<MRLContentManagerServicePortType, MRLMessageI::eMRLContentElect_Request>,
-                 R"(HBL_ASSERT_NAMED(!contentManagerURI.empty(), "Content Manager URI not found in configuration");)"},
+        Endpoint{
+            "content_manager", "test",
+            bind<MRLContentManagerServicePortType, MRLMessageI::eMRLContentElect_Request>,
+            R"(HBL_ASSERT_NAMED(!contentManagerURI.empty(), "Content Manager URI not found in configuration");)"},
         Endpoint{"another_service", "test", bind<MRLJobServicePortType, MRLMessageI::eMRLAsynchRun_Request>,
                  R"(HBL_ASSERT_NAMED(!dispatcherURI.empty(), "Dispatcher URI not found in configuration");)"},
         Endpoint{"report_server_to_itself", "xRENQx",
@@ -217,8 +224,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(SessionTest, PlaybackWithoutTestInfoIsRefused) {
     session.setPlaybackBaseDir("/recorded");
     Call call;
-    expectAssert([&] { submit(call); },
-                 R"(HBL_ASSERT_NAMED(m_testInfo, "Playback is enabled, but the MRLTestInfo object is NULL.");)");
+    expectAssert(
+        [&] { submit(call); },
+        R"(HBL_ASSERT_NAMED(m_testInfo, "Playback is enabled, but the MRLTestInfo object is NULL.");)");
 }
 
 TEST_F(SessionTest, AMissingBusSessionIsAnAssertionAndNothingIsHeld) {
@@ -243,7 +251,8 @@ TEST_F(SessionTest, ALoopbackIsAnsweredInTheProcess) {
     EXPECT_TRUE(bus.calls.empty());
 
     service.reply = fault("cmNoRead");
-    EXPECT_THROW(session.submit(*call.binding, MRLSOAPSession::eMRLSOAPUntrusted, &service), MRLSOAPFaultException);
+    EXPECT_THROW(session.submit(*call.binding, MRLSOAPSession::eMRLSOAPUntrusted, &service),
+                 MRLSOAPFaultException);
     EXPECT_EQ(nullptr, call.binding->getInputMessage().getTavelHeader(nullptr));
 }
 

@@ -1,7 +1,7 @@
 // Connections: kept, shared, replaced, given up in time.
 
 #include "Exchange.h"
-#include "ScriptedPeer.h"
+#include "support/ScriptedPeer.h"
 
 namespace {
 

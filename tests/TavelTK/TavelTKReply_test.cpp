@@ -1,7 +1,7 @@
 // What becomes of replies: the good ones, and each of the bad ones.
 
 #include "Exchange.h"
-#include "ScriptedPeer.h"
+#include "support/ScriptedPeer.h"
 
 namespace {
 

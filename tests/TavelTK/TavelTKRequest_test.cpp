@@ -1,7 +1,7 @@
 // What stands on the wire when a request is sent.
 
 #include "Exchange.h"
-#include "ScriptedPeer.h"
+#include "support/ScriptedPeer.h"
 
 #include <filesystem>
 #include <fstream>

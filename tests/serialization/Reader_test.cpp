@@ -118,7 +118,7 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"ElementInSimpleValue",
                 reportWith("<defaultName><value><b/></value></defaultName>"),
                 0xa64aa334,
-                {"b"},
+                {"value"},
                 START},
         Refused{"MemberGivenTwice",
                 reportWith("<defaultName><value>a</value><value>b</value></defaultName>"),

@@ -25,8 +25,9 @@ class FakeBus {
 public:
     /// What one exchange of the script does.
     struct Step {
-        std::string reply;                                          ///< the envelope that is read
-        std::function<void(const std::string& operation)> operate; ///< called first in every operation; may throw
+        std::string reply; ///< the envelope that is read
+        std::function<void(const std::string& operation)>
+            operate; ///< called first in every operation; may throw
     };
 
     FakeBus() {
