@@ -25,8 +25,9 @@ HttpMessageReader::HttpMessageReader(Wire& wire)
     , m_in(wire) {}
 
 void HttpMessageReader::open() {
-    if (m_body)
+    if (m_envelope)
         return;
+    HBL_ASSERT_NAMED(!m_body, "The reply could not be opened before.");
     m_head = ReplyHead::read(m_in);
     m_body.emplace(m_in, *m_head);
     const ReplyType type = ReplyType::check(*m_head, *m_body, m_wire);
@@ -34,10 +35,13 @@ void HttpMessageReader::open() {
         openMultipart(type.boundary, type.start);
     ByteSource& source = m_part ? static_cast<ByteSource&>(*m_part) : *m_body;
     const std::int64_t limit = m_wire.options().maxEnvelopeBytes;
-    m_envelope.emplace(source, limit, [this, limit] {
+    const auto refuse = [this, limit] {
         m_wire.fail(TavelTKError::replyTooLarge, TavelTKPhase::readReply,
                     "the envelope is longer than " + std::to_string(limit) + " bytes (max-envelope-bytes)");
-    });
+    };
+    if (limit > 0 && !m_part && m_body->statedLength() > limit)
+        refuse(); // rather than after the first part of it
+    m_envelope.emplace(source, limit, refuse);
 }
 
 void HttpMessageReader::openMultipart(std::string_view boundary, const std::string& start) {

@@ -142,7 +142,8 @@ std::size_t Wire::receive(char* buffer, std::size_t size) {
 }
 
 void Wire::keepConnection() {
-    m_surroundings.pool.give(m_peer, std::move(m_connection), m_surroundings.clock.now());
+    if (m_connection) // a failure has closed it
+        m_surroundings.pool.give(m_peer, std::move(m_connection), m_surroundings.clock.now());
 }
 
 } // namespace mrl::detail
