@@ -16,14 +16,14 @@
 
 #include <xercesc/sax/SAXException.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
-#include <xercesc/sax2/SAX2XMLReader.hpp>
-#include <xercesc/sax2/XMLReaderFactory.hpp>
 #include <xercesc/util/XMLException.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 #include <memory>
 #include <string>
 
+using mrl::detail::EnvelopeGuard;
+using mrl::detail::EnvelopeReader;
 using mrl::detail::throwFailure;
 using xercesc::XMLUni;
 
@@ -44,8 +44,8 @@ std::string narrowed(const XMLCh* text) {
 }
 
 /// A parser without validation that never looks outside the document.
-std::unique_ptr<xercesc::SAX2XMLReader> createReader(mrl::detail::EnvelopeGuard& guard) {
-    std::unique_ptr<xercesc::SAX2XMLReader> reader(xercesc::XMLReaderFactory::createXMLReader());
+std::unique_ptr<EnvelopeReader> createReader(EnvelopeGuard& guard) {
+    auto reader = std::make_unique<EnvelopeReader>();
     reader->setContentHandler(&guard);
     reader->setErrorHandler(&guard);
     reader->setLexicalHandler(&guard);
@@ -123,8 +123,8 @@ void MRLSOAPMessageIDeserializer::run(PLQInputStream& stream, MRLMessageIContent
     handler.setObjectRegistry(m_objectRegistry.get());
     handler.setAttachmentHandler(m_attachmentHandler);
     mrl::detail::GuardedInput input(stream, m_limits);
-    mrl::detail::EnvelopeGuard guard(handler, input, m_limits);
-    const std::unique_ptr<xercesc::SAX2XMLReader> reader = createReader(guard);
+    EnvelopeGuard guard(handler, input, m_limits);
+    const std::unique_ptr<EnvelopeReader> reader = createReader(guard);
     const PLQStreamInputSource source(input);
     reader->parse(source);
     input.rethrowFailure();

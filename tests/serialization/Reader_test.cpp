@@ -173,7 +173,8 @@ INSTANTIATE_TEST_SUITE_P(
                 {"value", "boolean"},
                 CHARACTERS},
         Refused{"NoFloat",
-                replyWith("<d><item i:type='b:rolapMetricNumber'><value>0x10</value></item></d>"),
+                replyWith("<d><item><metrics><item "
+                          "i:type='b:rolapMetricNumber'><value>0x10</value></item></metrics></item></d>"),
                 0xa6407f89,
                 {"value", "float"},
                 CHARACTERS,

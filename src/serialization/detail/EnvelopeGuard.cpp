@@ -8,6 +8,7 @@
 
 #include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/sax2/Attributes.hpp>
+#include <xercesc/validators/DTD/DTDElementDecl.hpp>
 
 #include <string>
 
@@ -22,6 +23,11 @@ namespace {
 }
 
 } // namespace
+
+void EnvelopeReader::doctypeDecl(const xercesc::DTDElementDecl& root, const XMLCh* /*publicId*/,
+                                 const XMLCh* /*systemId*/, bool /*hasIntSubset*/, bool /*hasExtSubset*/) {
+    refuse("A document type declaration, here of ", root.getFullName());
+}
 
 EnvelopeGuard::~EnvelopeGuard() = default;
 
@@ -84,10 +90,6 @@ void EnvelopeGuard::processingInstruction(const XMLCh* /*target*/, const XMLCh* 
 
 void EnvelopeGuard::comment(const XMLCh* /*chars*/, XMLSize_t /*length*/) {
     m_input.noteProgress();
-}
-
-void EnvelopeGuard::startDTD(const XMLCh* name, const XMLCh* /*publicId*/, const XMLCh* /*systemId*/) {
-    refuse("A document type declaration, here of ", name);
 }
 
 xercesc::InputSource* EnvelopeGuard::resolveEntity(const XMLCh* /*publicId*/, const XMLCh* systemId) {

@@ -2,6 +2,7 @@
 
 #include "serialization/MRLReaderLimits.h"
 
+#include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
 #include <xercesc/sax2/DefaultHandler.hpp>
 
 #include <cstdint>
@@ -11,8 +12,16 @@ namespace mrl::detail {
 
 class GuardedInput;
 
-/// Stands between the parser and a handler: holds the document against the limits, refuses document
-/// types and external references, and hands all else on. The depth of the input costs memory here,
+/// A parser that refuses document types. The lexical events do not tell of all of them: they are silent
+/// about a declaration that only names the root.
+class EnvelopeReader final : public xercesc::SAX2XMLReaderImpl {
+public:
+    void doctypeDecl(const xercesc::DTDElementDecl& root, const XMLCh* publicId, const XMLCh* systemId,
+                     bool hasIntSubset, bool hasExtSubset) override;
+};
+
+/// Stands between the parser and a handler: holds the document against the limits, refuses external
+/// references, and hands all else on. The depth of the input costs memory here,
 /// never stack.
 class EnvelopeGuard final : public xercesc::DefaultHandler {
 public:
@@ -36,9 +45,8 @@ public:
 
     // Lexical
     void comment(const XMLCh* chars, XMLSize_t length) override;
-    void startDTD(const XMLCh* name, const XMLCh* publicId, const XMLCh* systemId) override;
 
-    // References to the outside
+    // References to the outside, which no document without a document type can hold
     xercesc::InputSource* resolveEntity(const XMLCh* publicId, const XMLCh* systemId) override;
 
     // Errors

@@ -1,0 +1,159 @@
+// References in an envelope and the attachments behind them.
+#include "Toolkit/MRLBase64Binary.h"
+#include "Toolkit/MRLBaseClassArray.h"
+#include "Toolkit/MRLContentQueryTenantMembership_Reply.h"
+#include "Toolkit/MRLContentQuery_Reply.h"
+#include "Toolkit/MRLReport.h"
+#include "Toolkit/MRLStringArray.h"
+#include "Toolkit/MRLStringProp.h"
+#include "Toolkit/MRLTavelHeader.h"
+#include "Toolkit/MRLTokenProp.h"
+#include "Toolkit/MRLZOR.h"
+#include "serialization/DefaultAttachmentContainer.h"
+#include "serialization/Envelopes.h"
+#include "serialization/MRL_AttachmentHandler.h"
+#include "support/Failure.h"
+
+#include "PLQStreams/PLQGZIPOutputStream.h"
+#include "TavelTK/TavelTKAttachmentReader.h"
+#include "TavelTK/TavelTKMessageReader.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+using mrl::test::Call;
+using mrl::test::ChunkedStream;
+using mrl::test::envelopeOf;
+using mrl::test::replyWith;
+
+namespace {
+
+struct Part {
+    std::string id;
+    std::string bytes;
+    bool isGzipped = false;
+};
+
+class FakeAttachment : public TavelTKAttachmentReader {
+public:
+    explicit FakeAttachment(const Part& part)
+        : m_part(part)
+        , m_stream(part.bytes, 3) {}
+    const char* getContentID() override { return m_part.id.c_str(); }
+    const char* getContentType() override { return ""; }
+    int getContentLength() override { return -1; }
+    const char* getHeader(const char*) override { return nullptr; }
+    int isGzipped() override { return m_part.isGzipped ? 1 : 0; }
+    PLQInputStream& getInputStream() override { return m_stream; }
+
+private:
+    const Part& m_part;
+    ChunkedStream m_stream;
+};
+
+class FakeReader : public TavelTKMessageReader {
+public:
+    explicit FakeReader(std::vector<Part> parts)
+        : TavelTKMessageReader(1)
+        , m_parts(std::move(parts)) {}
+    void getEnvelope(HBLIDOM_Node&) override {}
+    PLQInputStream& openEnvelope() override { throw std::logic_error("not asked for here"); }
+    void closeEnvelope(PLQInputStream&) override {}
+    int canHaveAttachments() override { return m_parts.empty() ? 0 : 1; }
+    int hasMoreAttachments() override { return m_next < m_parts.size() ? 1 : 0; }
+    TavelTKAttachmentReader& openNextAttachment() override {
+        m_open = std::make_unique<FakeAttachment>(m_parts.at(m_next++));
+        return *m_open;
+    }
+    void closeAttachment(TavelTKAttachmentReader&) override { m_open.reset(); }
+    const char* getHeader(const char*) override { return nullptr; }
+
+private:
+    std::vector<Part> m_parts;
+    std::size_t m_next = 0;
+    std::unique_ptr<FakeAttachment> m_open;
+};
+
+/// Reads `document` into the reply of `call`, then resolves its references with `parts`.
+int resolved(Call& call, const std::string& document, std::vector<Part> parts) {
+    MRL_AttachmentHandler handler;
+    MRLSOAPMessageIDeserializer reader;
+    reader.setAttachmentHandler(&handler);
+    ChunkedStream stream(document, 7);
+    reader.parse(stream, *call.binding, call.reply());
+    FakeReader attachments(std::move(parts));
+    return handler.resolveReferences(attachments, call.reply().getObjectRegistry(), nullptr);
+}
+
+std::string gzipped(const std::string& bytes) {
+    return mrl::test::written([&](PLQOutputStream& out) {
+        PLQGZIPOutputStream packed(out);
+        packed.write(bytes.data(), bytes.size());
+        packed.unWrap();
+    });
+}
+
+const char* const TWO_REFERENCES = "<q><item i:type='b:report'>"
+                                   "<defaultName><value href='cid:p1'/></defaultName>"
+                                   "<searchPath><value href='cid:p1'></value></searchPath></item></q>";
+
+MRLReport& reportIn(Call& call) {
+    return static_cast<MRLReport&>(*static_cast<MRLContentQuery_Reply&>(call.reply()).getResult()->at(0));
+}
+
+TEST(Attachments, OnePartServesEachReferenceAndItsFrameDoesNotCount) {
+    Call call;
+    EXPECT_NE(resolved(call, replyWith(TWO_REFERENCES), {{"<p1>", "the value"}, {"unasked", "x"}}), 0);
+    EXPECT_STREQ(reportIn(call).getDefaultName()->getValue(), "the value");
+    EXPECT_STREQ(reportIn(call).getSearchPath()->getValue(), "the value");
+}
+
+TEST(Attachments, APackedPartIsUnpacked) {
+    Call call;
+    EXPECT_NE(resolved(call, replyWith(TWO_REFERENCES), {{"p1", gzipped("inflated"), true}}), 0);
+    EXPECT_STREQ(reportIn(call).getDefaultName()->getValue(), "inflated");
+}
+
+TEST(Attachments, AReferenceWithoutAPartKeepsItsPlaceholder) {
+    Call call;
+    EXPECT_EQ(resolved(call, replyWith(TWO_REFERENCES), {{"P1", "other case"}}), 0);
+    EXPECT_STREQ(reportIn(call).getDefaultName()->getValue(), "");
+    EXPECT_EQ(resolved(call, replyWith(TWO_REFERENCES), {}), 0);
+}
+
+TEST(Attachments, ItemsOfATextArrayAndBinaryMembersAreServedInTheirPlaces) {
+    Call texts(MRLMessageI::eMRLContentQueryTenantMembership_Request);
+    EXPECT_NE(resolved(texts, replyWith("<q><item>a</item><item href='cid:p1'/></q>"), {{"p1", "b"}}), 0);
+    MRLStringArray& array = *static_cast<MRLContentQueryTenantMembership_Reply&>(texts.reply()).getResult();
+    ASSERT_EQ(array.size(), 2U);
+    EXPECT_STREQ(array.at(0), "a");
+    EXPECT_STREQ(array.at(1), "b");
+
+    Call binary;
+    EXPECT_NE(resolved(binary,
+                       envelopeOf(
+                           "<s:Header><b:tavelHeader><ZOR><securityBlob href='cid:p2'/></ZOR></b:tavelHeader>"
+                           "</s:Header><s:Body><r/></s:Body>"),
+                       {{"p2", "blob"}}),
+              0);
+    const MRLBase64Binary& blob = *binary.reply().getTavelHeader(nullptr)->getZOR()->getSecurityBlob();
+    EXPECT_EQ(std::string(blob.str(), blob.pcount()), "blob");
+}
+
+TEST(Attachments, OnlyAContentIdIsAReference) {
+    EXPECT_EQ(MRL_AttachmentHandler::getCid(u"cid:"), nullptr);
+    EXPECT_EQ(MRL_AttachmentHandler::getCid(u"#x"), nullptr);
+    EXPECT_EQ(MRL_AttachmentHandler::getCid(u"CID:x"), nullptr);
+    EXPECT_EQ(MRL_AttachmentHandler::getCid(nullptr), nullptr);
+    EXPECT_EQ(std::u16string_view(MRL_AttachmentHandler::getCid(u"cid:x")), u"x");
+}
+
+TEST(Attachments, AContainerIsNotCopied) {
+    DefaultAttachmentContainer container;
+    expectAssert([&] { DefaultAttachmentContainer copy(container); },
+                 "HBL_ASSERT_NAMED(FALSE, \"DefaultAttachmentContainer::operator= - not supported.\");");
+}
+
+} // namespace

@@ -1,0 +1,232 @@
+// Documents made to do harm, and replies that are none: each ends in one clear failure, and the reader is
+// as good as new afterwards.
+#include "Common/MRLException.h"
+#include "Toolkit/MRLContentGetActiveContentManager_Reply.h"
+#include "serialization/Envelopes.h"
+#include "serialization/MRLReaderLimits.h"
+#include "support/Failure.h"
+
+#include "HBLCore/HBLFailure.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+using mrl::test::Call;
+using mrl::test::ChunkedStream;
+using mrl::test::chunkSizes;
+using mrl::test::envelopeOf;
+using mrl::test::replyWith;
+using testing::HasSubstr;
+
+namespace {
+
+constexpr std::uint32_t MALFORMED = 0xa6441f8b;
+constexpr auto TEXT = MRLMessageI::eMRLContentGetActiveContentManager_Request;
+
+/// An envelope with `content` where the reader skips it.
+std::string inHeader(const std::string& content) {
+    return envelopeOf("<s:Header><x>" + content + "</x></s:Header><s:Body><r/></s:Body>");
+}
+
+std::string repeated(std::string_view piece, std::size_t count) {
+    std::string text;
+    while (count-- > 0) {
+        text += piece;
+    }
+    return text;
+}
+
+/// The parameter of the failure that reading ends in, after which the same reader reads a good reply.
+std::string refusalOf(PLQInputStream& stream, const MRLReaderLimits& limits = {}) {
+    Call call(TEXT);
+    MRLSOAPMessageIDeserializer reader;
+    reader.setLimits(limits);
+    std::string words;
+    try {
+        reader.parse(stream, *call.binding, call.reply());
+        ADD_FAILURE() << "nothing was thrown";
+    } catch (HBLException& e) {
+        const auto& message = dynamic_cast<const HBLMessageComponents&>(e.getMessageAt(0));
+        EXPECT_EQ(message.getNumber(), MALFORMED) << e.toString();
+        EXPECT_THAT(e.getBackTrace(),
+                    testing::Contains(HasSubstr("MRLSOAPMessageIDeserializer::parse [HBL_THROW]")));
+        words = message.getParameters().at(0).getText().toUtf8();
+    }
+    const std::string good = replyWith("<r>fine</r>");
+    ChunkedStream again(good, 7);
+    reader.setLimits({});
+    reader.parse(again, *call.binding, call.reply());
+    EXPECT_STREQ(static_cast<MRLContentGetActiveContentManager_Reply&>(call.reply()).getResult(), "fine");
+    return words;
+}
+
+std::string refusalOf(const std::string& document, std::size_t chunk = 4096,
+                      const MRLReaderLimits& limits = {}) {
+    ChunkedStream stream(document, chunk);
+    return refusalOf(stream, limits);
+}
+
+struct Malformed {
+    const char* name;
+    std::string document;
+    const char* words; // part of what the failure says
+};
+
+class MalformedReply : public testing::TestWithParam<Malformed> {};
+
+INSTANTIATE_TEST_SUITE_P(
+    Hostile, MalformedReply,
+    testing::Values(
+        Malformed{"Empty", "", ""}, Malformed{"Blank", " \n", ""}, Malformed{"NoXml", "502 Bad Gateway", ""},
+        Malformed{"Truncated", replyWith("<r>a").substr(0, 400), ""},
+        Malformed{"TruncatedInADeclaration", "<?xml version='1.0", ""},
+        Malformed{"TwoRoots", envelopeOf("<s:Header/><s:Body><r/></s:Body>") + "<b/>", ""},
+        Malformed{"TagsCross", replyWith("<r></a></r>"), ""},
+        Malformed{"PrefixUnknown", inHeader("<nobody:a/>"), "nobody"},
+        Malformed{"ControlCharacter", replyWith("<r>\x01</r>"), ""},
+        Malformed{"WrongCharset", replyWith("<r>\xE4\xF6</r>"), ""},
+        Malformed{"UnknownCharset", "<?xml version='1.0' encoding='klingon'?><a/>", ""},
+        Malformed{"EntityUnknown", replyWith("<r>&nobody;</r>"), "nobody"},
+        Malformed{"DocumentType", "<!DOCTYPE Envelope>" + envelopeOf("").substr(21), "document type"},
+        Malformed{
+            "EntityBomb",
+            "<!DOCTYPE e [<!ENTITY a 'aaaaaaaa'><!ENTITY b '&a;&a;&a;'><!ENTITY c '&b;&b;&b;'>]><e>&c;</e>",
+            "document type"},
+        Malformed{"ExternalEntity", "<!DOCTYPE e [<!ENTITY x SYSTEM 'file:///etc/passwd'>]><e>&x;</e>",
+                  "document type"},
+        Malformed{"ExternalSubset", "<!DOCTYPE e SYSTEM 'http://127.0.0.1:9/x.dtd'><e/>", "document type"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST_P(MalformedReply, IsOneClearFailureHoweverTheBytesArrive) {
+    for (const std::size_t chunk : chunkSizes) {
+        EXPECT_THAT(refusalOf(GetParam().document, chunk), HasSubstr(GetParam().words))
+            << "in pieces of " << chunk;
+    }
+}
+
+TEST(Hostile, ADocumentCutAtEachByteNeverPassesForAWholeOne) {
+    const std::string document = replyWith("<r i:type='x:string'>a&amp;b</r>");
+    for (std::size_t length = 0; length < document.size(); ++length) {
+        Call call(TEXT);
+        EXPECT_THROW(call.read(document.substr(0, length), 7), HBLException) << length;
+    }
+}
+
+struct Limit {
+    const char* name;
+    MRLReaderLimits limits;
+    std::string content; // of an element that no class knows
+    const char* words;
+};
+
+class LimitedReader : public testing::TestWithParam<Limit> {};
+
+template <class Change>
+MRLReaderLimits with(Change change) {
+    MRLReaderLimits limits;
+    change(limits);
+    return limits;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Hostile, LimitedReader,
+    testing::Values(
+        Limit{"Depth", {}, repeated("<a>", 600), "512 (MRLReaderLimits::elementDepth)"},
+        Limit{"DepthOfUnclosedThousands", {}, repeated("<a>", 50000), "512 (MRLReaderLimits::elementDepth)"},
+        Limit{"Attributes", with([](auto& l) { l.attributesOfElement = 6; }),
+              "<a b='' c='' d='' e='' f='' g='' h=''/>", "6 (MRLReaderLimits::attributesOfElement)"},
+        Limit{"Children", with([](auto& l) { l.childrenOfElement = 3; }), "<a/><a/><a/><a/>",
+              "3 (MRLReaderLimits::childrenOfElement)"},
+        Limit{"Text", with([](auto& l) { l.textLength = 100; }), repeated("a", 101),
+              "100 (MRLReaderLimits::textLength)"},
+        Limit{"TextInPieces", with([](auto& l) { l.textLength = 100; }), repeated("a<!-- -->", 101),
+              "100 (MRLReaderLimits::textLength)"},
+        Limit{"Elements", with([](auto& l) { l.totalElements = 10; }), repeated("<a/>", 10),
+              "10 (MRLReaderLimits::totalElements)"},
+        Limit{"Bytes", with([](auto& l) { l.totalBytes = 10000; }), repeated(" ", 10000),
+              "10000 (MRLReaderLimits::totalBytes)"},
+        Limit{"Markup", with([](auto& l) { l.markupLength = 100000; }),
+              "<a b='" + repeated("c", 300000) + "'/>", "100000 (MRLReaderLimits::markupLength)"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST_P(LimitedReader, EndsTheParseAtOnceAndNamesTheLimit) {
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_THAT(refusalOf(inHeader(GetParam().content), 4096, GetParam().limits),
+                HasSubstr(GetParam().words));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+}
+
+TEST(Hostile, LongTextIsNoLongMarkup) {
+    MRLReaderLimits limits;
+    limits.markupLength = 1024 * 1024;
+    Call call(TEXT);
+    MRLSOAPMessageIDeserializer reader;
+    reader.setLimits(limits);
+    const std::string text = repeated("abcdefgh", 400000);
+    const std::string document = replyWith("<r>" + text + "</r>");
+    ChunkedStream stream(document, 4096);
+    reader.parse(stream, *call.binding, call.reply());
+    EXPECT_EQ(static_cast<MRLContentGetActiveContentManager_Reply&>(call.reply()).getResult(), text);
+}
+
+TEST(Hostile, AReplyWithoutEndIsCutOff) {
+    struct Endless : PLQInputStream {
+        using PLQInputStream::read;
+        std::size_t read(char* buffer, std::size_t count) override {
+            const std::string_view piece = m_begun ? "<a></a>" : std::string_view(m_start);
+            const std::size_t n = std::min(count, piece.size());
+            std::copy_n(piece.data(), n, buffer);
+            m_begun = true;
+            return n;
+        }
+        std::string m_start = inHeader("").substr(0, inHeader("").find("</x>"));
+        bool m_begun = false;
+    } endless;
+    MRLReaderLimits limits;
+    limits.totalBytes = 4 * 1024 * 1024;
+    EXPECT_THAT(refusalOf(endless, limits), HasSubstr("4194304 (MRLReaderLimits::totalBytes)"));
+}
+
+TEST(Hostile, DefaultsCanBeSetForReadersToCome) {
+    const MRLReaderLimits before = MRLReaderLimits::getDefaults();
+    MRLReaderLimits::setDefaults(with([](auto& l) { l.elementDepth = 2; }));
+    Call call(TEXT);
+    EXPECT_THROW(call.read(replyWith("<r/>")), HBLException);
+    MRLReaderLimits::setDefaults(before);
+    call.read(replyWith("<r/>"));
+}
+
+/// Fails after `good` bytes of a document.
+struct FailingStream : ChunkedStream {
+    FailingStream(std::string_view document, std::size_t good)
+        : ChunkedStream(document.substr(0, good), 7) {}
+    using ChunkedStream::read;
+    std::size_t read(char* buffer, std::size_t count) override {
+        const std::size_t n = ChunkedStream::read(buffer, count);
+        if (isEnd(n)) {
+            HBL_THROW(MRLException(6), "FailingStream::read");
+        }
+        return n;
+    }
+};
+
+TEST(Hostile, AConnectionThatBreaksIsReportedAsItself) {
+    const std::string document = replyWith("<r>a</r>");
+    for (const std::size_t good : {std::size_t{0}, std::size_t{30}, document.size() - 1, document.size()}) {
+        Call call(TEXT);
+        FailingStream stream(document, good);
+        MRLSOAPMessageIDeserializer reader;
+        try {
+            reader.parse(stream, *call.binding, call.reply());
+            ADD_FAILURE() << "nothing was thrown after " << good << " bytes";
+        } catch (MRLException& e) {
+            EXPECT_EQ(e.getErrorCode(), 6);
+            EXPECT_THAT(e.getBackTrace().back(),
+                        HasSubstr("MRLSOAPMessageIDeserializer::parse() [HBL_RETHROW]"));
+        }
+    }
+}
+
+} // namespace
