@@ -324,6 +324,16 @@ TEST(Reader, AnEmptyTextIsATextAndANilOneIsNone) {
     EXPECT_EQ(static_cast<MRLContentGetActiveContentManager_Reply&>(call.reply()).getResult(), nullptr);
 }
 
+TEST(Reader, ANilNumberAndANilObjectAreAbsent) {
+    Call count(COUNT);
+    count.read(replyWith("<n>1</n>"));
+    count.read(replyWith("<n i:nil='true'/>"));
+    EXPECT_EQ(static_cast<MRLContentDelete_Reply&>(count.reply()).getResult(), nullptr);
+    Call call;
+    call.read(replyWith("<q i:nil='true'/>"));
+    EXPECT_EQ(static_cast<MRLContentQuery_Reply&>(call.reply()).getResult(), nullptr);
+}
+
 TEST(Reader, TextKeepsItsBlanksEntitiesAndCDataWholeInAnyPieces) {
     for (const std::size_t chunk : chunkSizes) {
         Call call(TEXT);
