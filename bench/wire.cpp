@@ -1,12 +1,6 @@
 // Writing and reading a reply of report objects, beside the bare parser and a copy of the same bytes.
-#include "support/Ratios.h"
-
-#include "HBLCore/HBLSmartPointer.h"
-#include "PLQStreams/PLQMemoryInputStream.h"
-#include "PLQStreams/PLQMemoryOutputStream.h"
-#include "PLQStreams/PLQStreamInputSource.h"
-
 #include "Toolkit/MRLBaseClassArray.h"
+#include "Toolkit/MRLBooleanProp.h"
 #include "Toolkit/MRLContentManagerServicePortType.h"
 #include "Toolkit/MRLContentQuery_Reply.h"
 #include "Toolkit/MRLDateTimeProp.h"
@@ -14,13 +8,18 @@
 #include "Toolkit/MRLPortTypeBinding.h"
 #include "Toolkit/MRLPositiveIntegerProp.h"
 #include "Toolkit/MRLReport.h"
-#include "Toolkit/MRLBooleanProp.h"
 #include "Toolkit/MRLStringProp.h"
 #include "Toolkit/MRLTokenProp.h"
 #include "serialization/MRLSOAPMessageIDeserializerFactory.h"
 #include "serialization/MRLSOAPMessageIDeserializerI.h"
 #include "serialization/MRLSOAPMessageISerializerFactory.h"
 #include "serialization/MRLSOAPMessageISerializerI.h"
+#include "support/Ratios.h"
+
+#include "HBLCore/HBLSmartPointer.h"
+#include "PLQStreams/PLQMemoryInputStream.h"
+#include "PLQStreams/PLQMemoryOutputStream.h"
+#include "PLQStreams/PLQStreamInputSource.h"
 
 #include <xercesc/sax2/DefaultHandler.hpp>
 #include <xercesc/sax2/SAX2XMLReader.hpp>
@@ -51,7 +50,8 @@ Binding replyOf(long count) {
         auto* report = new MRLReport;
         registry.registerPointer(report);
         report->getDefaultName(&registry)->setValue("Quarterly revenue & margin");
-        report->getSearchPath(&registry)->setValue("/content/folder[@name='Sales']/report[@name='Quarterly']");
+        report->getSearchPath(&registry)->setValue(
+            "/content/folder[@name='Sales']/report[@name='Quarterly']");
         report->getModificationTime(&registry)->setValue("2024-05-17T09:30:00.000Z");
         report->getVersion(&registry)->setValue(3);
         report->getHasChildren(&registry)->setValue(1);
@@ -77,9 +77,9 @@ std::string bytesOf(long count) {
 
 void perObject(benchmark::State& state, std::size_t bytes) {
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes));
-    state.counters["ns/object"] = benchmark::Counter(
-        static_cast<double>(state.iterations() * state.range(0)) / 1e9,
-        benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    state.counters["ns/object"] =
+        benchmark::Counter(static_cast<double>(state.iterations() * state.range(0)) / 1e9,
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 
 void Write(benchmark::State& state) {

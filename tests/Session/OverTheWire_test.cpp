@@ -16,7 +16,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <string>
+#include <thread>
 #include <vector>
 
 using testing::HasSubstr;
@@ -161,6 +163,27 @@ TEST(SessionOverTheWire, AReplyThatAlwaysBreaksOffEndsTheRetries) {
         EXPECT_EQ(static_cast<int>(TavelTKError::connectionBroke), e.getErrorCode());
         EXPECT_EQ("HBL-BIT-0006", e.getErrorCodeString());
     }
+}
+
+TEST(SessionOverTheWire, OneSessionServesSeveralThreads) {
+    constexpr int THREADS = 8;
+    constexpr int CALLS = 25;
+    ScriptedPeer peer(std::vector<Answer>(THREADS * CALLS, {reply(good())}));
+    Session session(peer.url());
+    std::atomic<int> answered = 0;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < THREADS; ++i) {
+        threads.emplace_back([&] {
+            for (int call = 0; call < CALLS; ++call) {
+                answered += session.ask() == "cm1" ? 1 : 0;
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(THREADS * CALLS, answered);
+    EXPECT_LE(peer.connections(), THREADS + 1) << "connections are kept and shared";
 }
 
 } // namespace
