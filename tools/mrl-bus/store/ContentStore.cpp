@@ -162,6 +162,7 @@ std::vector<StoreObject> ContentStore::add(const std::string& parentPath,
         ObjectReader reader(m_database, options.returnProperties);
         const ObjectRow parent = writer.resolve(parentPath);
         std::vector<StoreObject> result;
+        result.reserve(objects.size());
         for (const auto& object : objects)
             result.push_back(reader.read(writer.add(parent, object, options)));
         transaction.commit();
@@ -177,6 +178,7 @@ std::vector<StoreObject> ContentStore::update(const std::vector<StoreObject>& ob
         ObjectWriter writer(m_database, m_settings.seams, options.deadReference);
         ObjectReader reader(m_database, options.returnProperties);
         std::vector<StoreObject> result;
+        result.reserve(objects.size());
         for (const auto& object : objects)
             result.push_back(reader.read(writer.update(object)));
         transaction.commit();
@@ -191,6 +193,7 @@ std::int64_t ContentStore::remove(const std::vector<std::string>& searchPaths, c
         ObjectWriter writer(m_database, m_settings.seams);
         ObjectTable objects(m_database);
         std::vector<ObjectRow> rows;
+        rows.reserve(searchPaths.size());
         for (const auto& searchPath : searchPaths)
             rows.push_back(writer.resolve(searchPath));
         std::int64_t removed = 0;

@@ -80,7 +80,7 @@ void Database::registerCollation() {
                                                &compareText, &deleteCollator);
     if (rc != SQLITE_OK)
         throw SqliteError("registering the text order", sqlite3_errmsg(m_handle.get()), rc);
-    collator.release(); // the connection deletes it
+    static_cast<void>(collator.release()); // the connection deletes it
 }
 
 void Database::execute(const std::string& sql) {
