@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
 """Renders the generated families of the toolkit from the catalogue.
 
-    generate.py CATALOGUE OUTPUT     writes the files whose text has changed
-    generate.py CATALOGUE --list     prints the names of all files
+    generate.py CATALOGUE OUTPUT                    writes the files whose text has changed
+    generate.py CATALOGUE --list                    prints the names of all files
+    generate.py CATALOGUE OUTPUT --part tools       what the tools know of the catalogue
+    generate.py CATALOGUE OUTPUT --part reference   the reference pages
 """
 
 import argparse
@@ -13,7 +15,11 @@ sys.dont_write_bytecode = True  # the source tree stays as it is
 
 from model.reading import read_catalogue  # noqa: E402
 from model.source import CatalogueError  # noqa: E402
+from reference import render_reference  # noqa: E402
 from render import file_names, render, write_if_changed  # noqa: E402
+from tools import render_tools  # noqa: E402
+
+PARTS = {"library": render, "tools": render_tools, "reference": render_reference}
 
 
 def main(arguments=None):
@@ -21,6 +27,7 @@ def main(arguments=None):
     parser.add_argument("catalogue", type=Path)
     parser.add_argument("output", type=Path, nargs="?")
     parser.add_argument("--list", action="store_true", help="print the names of the files")
+    parser.add_argument("--part", choices=PARTS, default="library", help="what to render (default: library)")
     options = parser.parse_args(arguments)
     if options.list == (options.output is not None):
         parser.error("give an output folder or --list")
@@ -32,12 +39,12 @@ def main(arguments=None):
     if options.list:
         print("\n".join(file_names(model)))
         return 0
-    return _write(model, options.output)
+    return _write(PARTS[options.part](model), options.output)
 
 
-def _write(model, output):
+def _write(files, output):
     expected, changed = set(), 0
-    for path, text in render(model):
+    for path, text in files:
         expected.add(output / path)
         changed += write_if_changed(output / path, text)
     for folder in {path.parent for path in expected}:  # what an earlier catalogue had

@@ -11,7 +11,7 @@ from model.names import crc32
 
 def render(model):
     """(path below the output folder, text) for every generated file."""
-    return _files(model, _Pages())
+    return _files(model, Pages())
 
 
 def file_names(model):
@@ -68,8 +68,8 @@ def _symbol_files(model, page):
     yield page("I18NRes/zt5omsymbols1_gen_.cpp", "symbols.cpp", texts=texts, rows=rows)
 
 
-class _Pages:
-    """Templates by name, and the few filters they use."""
+class Pages:
+    """Templates by name, and the few filters they use. Called as the families do, gives (path, text)."""
 
     def __init__(self):
         self.environment = jinja2.Environment(

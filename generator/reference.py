@@ -1,0 +1,2 @@
+def render_reference(model):
+    return []

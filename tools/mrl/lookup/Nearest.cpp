@@ -1,0 +1,46 @@
+#include "lookup/Nearest.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace mrl::tool {
+
+namespace {
+
+char lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+} // namespace
+
+std::size_t editDistance(std::string_view a, std::string_view b) {
+    std::vector<std::size_t> row(b.size() + 1); // distances of the part of `a` so far to each part of `b`
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t diagonal = std::exchange(row[0], i + 1);
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t replaced = diagonal + (lower(a[i]) == lower(b[j]) ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+        }
+    }
+    return row.back();
+}
+
+std::vector<std::string_view> nearest(std::string_view wanted, const std::vector<std::string_view>& names,
+                                      std::size_t count) {
+    const std::size_t limit = std::max<std::size_t>(1, wanted.size() / 3);
+    std::vector<std::pair<std::size_t, std::string_view>> near;
+    for (const std::string_view name : names)
+        if (const std::size_t distance = editDistance(wanted, name); distance <= limit)
+            near.emplace_back(distance, name);
+    std::ranges::sort(near);
+    std::vector<std::string_view> result;
+    for (const auto& [distance, name] : near)
+        if (result.size() < count)
+            result.push_back(name);
+    return result;
+}
+
+} // namespace mrl::tool

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace mrl::tool {
+
+/// How many letters must be put in, left out or replaced to make one text of the other; another case
+/// of the same letter costs nothing.
+std::size_t editDistance(std::string_view a, std::string_view b);
+
+/// The names that `wanted` may have been meant for, the nearest first and at most `count`. None is
+/// further away than a third of the letters of `wanted`.
+std::vector<std::string_view> nearest(std::string_view wanted, const std::vector<std::string_view>& names,
+                                      std::size_t count = 5);
+
+} // namespace mrl::tool
