@@ -7,7 +7,7 @@
 class MRL_EXPORT MRL_String : public HBLByteBuffer {
 public:
     MRL_String();
-    virtual ~MRL_String();
+    ~MRL_String() override;
 
     /// Removes blanks, tabs (both kinds), line and form feeds and carriage returns at both ends.
     void trim();

@@ -5,7 +5,8 @@
 
 #include "HBLCore/MRLExport.h"
 
-class MRLLabel;
+// Exported here too: the visibility of the template follows its arguments.
+class MRL_EXPORT MRLLabel;
 
 /// A sequence of `label`. Its elements are borrowed.
 class MRL_EXPORT MRLLabelArray : public MRLSchemaArray<MRLLabelArray, MRLLabel> {

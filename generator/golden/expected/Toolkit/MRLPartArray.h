@@ -5,7 +5,8 @@
 
 #include "HBLCore/MRLExport.h"
 
-class MRLPart;
+// Exported here too: the visibility of the template follows its arguments.
+class MRL_EXPORT MRLPart;
 
 /// A sequence of `part`. Its elements are borrowed.
 class MRL_EXPORT MRLPartArray : public MRLSchemaArray<MRLPartArray, MRLPart> {

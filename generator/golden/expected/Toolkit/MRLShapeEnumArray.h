@@ -5,7 +5,8 @@
 
 #include "HBLCore/MRLExport.h"
 
-class MRLShapeEnum;
+// Exported here too: the visibility of the template follows its arguments.
+class MRL_EXPORT MRLShapeEnum;
 
 /// A sequence of `shapeEnum`. Its elements are borrowed.
 class MRL_EXPORT MRLShapeEnumArray : public MRLSchemaArray<MRLShapeEnumArray, MRLShapeEnum> {

@@ -5,7 +5,8 @@
 
 #include "HBLCore/MRLExport.h"
 
-class MRLThing;
+// Exported here too: the visibility of the template follows its arguments.
+class MRL_EXPORT MRLThing;
 
 /// A sequence of `thing`. Its elements are borrowed.
 class MRL_EXPORT MRLThingArray : public MRLSchemaArray<MRLThingArray, MRLThing> {
