@@ -4,6 +4,7 @@
 # of the catalogue compiles again what includes a changed header, and nothing else, in the same run.
 #   MRL_GENERATED_TOOLKIT_SOURCES, MRL_GENERATED_I18NRES_SOURCES   what the components compile
 #   mrl_generate                                                   the target that writes all files
+#   reference                                                      the pages for people, in reference/
 set(MRL_GENERATED_DIR "${PROJECT_BINARY_DIR}/generated")
 set(MRL_PYTHON /usr/bin/python3)
 set(MRL_CATALOGUE "${PROJECT_SOURCE_DIR}/catalogue")
@@ -41,3 +42,13 @@ add_custom_command(
     COMMENT "Rendering the generated families"
     VERBATIM)
 add_custom_target(mrl_generate DEPENDS "${mrl_generator_stamp}")
+
+set(mrl_reference_stamp "${PROJECT_BINARY_DIR}/reference.stamp")
+add_custom_command(
+    OUTPUT "${mrl_reference_stamp}"
+    COMMAND "${MRL_PYTHON}" "${MRL_GENERATOR}" "${MRL_CATALOGUE}" "${PROJECT_BINARY_DIR}/reference" --part reference
+    COMMAND "${CMAKE_COMMAND}" -E touch "${mrl_reference_stamp}"
+    DEPENDS ${mrl_generator_inputs}
+    COMMENT "Rendering the reference pages"
+    VERBATIM)
+add_custom_target(reference ALL DEPENDS "${mrl_reference_stamp}")

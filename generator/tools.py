@@ -14,8 +14,9 @@ def render_tools(model):
                symbols=symbols.symbols(model), figures=FIGURES, kind=kind_of)
     yield page("LibraryAccess_gen_.cpp", "tool_library.cpp",
                services=sorted(model.services, key=lambda service: service.name),
-               abstract=sorted((entry for entry in [*model.classes, *model.properties] if entry.abstract),
-                               key=lambda entry: entry.name))
+               abstract=[entry for entry in model.types if _is_abstract(entry)])
+    yield page("LibraryComparison_gen_.cpp", "tool_comparison.cpp",
+               types=[entry for entry in model.types if not _is_abstract(entry)])
 
 
 def kind_of(entry):
@@ -25,6 +26,10 @@ def kind_of(entry):
     if hasattr(entry, "element"):
         return "array"
     return "property" if entry.family == "property" else "classType"
+
+
+def _is_abstract(entry):
+    return getattr(entry, "abstract", False)
 
 
 FIGURES = {
