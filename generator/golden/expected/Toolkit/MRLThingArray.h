@@ -5,8 +5,12 @@
 
 #include "HBLCore/MRLExport.h"
 
-// Exported here too: the visibility of the template follows its arguments.
+// Exported here too: the visibility of the template follows its arguments. Behind the class itself the
+// compiler finds the attribute needless, and says so.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wattributes"
 class MRL_EXPORT MRLThing;
+#pragma GCC diagnostic pop
 
 /// A sequence of `thing`. Its elements are borrowed.
 class MRL_EXPORT MRLThingArray : public MRLSchemaArray<MRLThingArray, MRLThing> {
