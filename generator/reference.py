@@ -4,7 +4,7 @@ import re
 from collections import defaultdict
 
 from render import Pages
-from tools import kind_of
+from tools import kind_of, meaning_of
 
 KINDS = {"classType": "class", "property": "property wrapper", "enumeration": "enumeration", "array": "array"}
 
@@ -16,7 +16,7 @@ def render_reference(model):
     names = {entry.name for entry in types}
     services = sorted(model.services, key=lambda service: service.name.lower())
     children, users = _children(types), _users(model)
-    common = {"names": names, "kind": kind_of}
+    common = {"names": names, "kind": kind_of, "meaning": lambda member: meaning_of(member, "`")}
     yield page("index.md", "reference_index.md", services=services, types=types, children=children, **common)
     for service in services:
         yield page(f"services/{service.name}.md", "reference_service.md", service=service,

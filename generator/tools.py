@@ -11,7 +11,7 @@ def render_tools(model):
                types=sorted([*model.types, *(e for e in model.enums if e.uri)], key=lambda entry: entry.name),
                messages=sorted(model.messages, key=lambda message: message.name),
                services=sorted(model.services, key=lambda service: service.name),
-               symbols=symbols.symbols(model), figures=FIGURES, kind=kind_of)
+               symbols=symbols.symbols(model), figures=FIGURES, kind=kind_of, meaning=meaning_of)
     yield page("LibraryAccess_gen_.cpp", "tool_library.cpp",
                services=sorted(model.services, key=lambda service: service.name),
                abstract=[entry for entry in model.types if _is_abstract(entry)])
@@ -26,6 +26,12 @@ def kind_of(entry):
     if hasattr(entry, "element"):
         return "array"
     return "property" if entry.family == "property" else "classType"
+
+
+def meaning_of(member, quote=""):
+    """The documentation of a member or parameter, with the texts that it is known to hold."""
+    values = ", ".join(f"{quote}{value}{quote}" for value in getattr(member, "values", ()))
+    return f"{member.doc} One of {values}.".lstrip() if values else member.doc
 
 
 def _is_abstract(entry):

@@ -1,20 +1,14 @@
 // What holds for every type of the catalogue.
 
-#include "Toolkit/MRLBase64Binary.h"
-#include "Toolkit/MRLObjectRegistry.h"
+#include "CatalogueValues.h"
 #include "Toolkit/MRLSchemaTypeArrayI.h"
-#include "Toolkit/MRLSchemaTypeRows.h"
-#include "Toolkit/MRLSchemaTypesFactory.h"
-#include "Toolkit/MRL_String.h"
+#include "data/CatalogueData.h"
+#include "data/LibraryComparison.h"
 #include "support/Failure.h"
-
-#include "HBLCore/HBLSmartPointer.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <set>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -22,104 +16,43 @@ namespace {
 
 using Type = MRLSchemaTypeI::ObjectType;
 using mrl::detail::SchemaTypeRow;
-
-MRLSchemaTypesFactory& factory() {
-    return MRLSchemaTypesFactory::getInstance();
-}
-
-std::span<const SchemaTypeRow> rows() {
-    return {mrl::detail::g_schemaTypes.rows, mrl::detail::g_schemaTypes.count};
-}
+using mrl::tool::equals;
+using mrl::tool::TypeKind;
+using mrl::tool::TypeRow;
 
 class Catalogue : public testing::Test {
 protected:
-    /// A new object of `type`, or of the first concrete type derived from it.
-    MRLSchemaTypeI* make(Type type) {
-        for (const SchemaTypeRow& row : rows()) {
-            if (row.type != type || row.create != nullptr)
-                continue;
-            for (const SchemaTypeRow& other : rows())
-                if (other.create != nullptr) {
-                    std::unique_ptr<MRLSchemaTypeI> object(factory().create(other.type));
-                    if (object->isa(type) != 0)
-                        return adopt(object.release());
-                }
-            return nullptr;
-        }
-        return adopt(factory().create(type));
-    }
-
-    MRLSchemaTypeI* adopt(MRLSchemaTypeI* object) {
-        registry->registerPointer(object);
-        return object;
-    }
-
-    /// A value that fits a child of the declared type, and the type it has.
-    void* valueFor(Type declared, Type& actual) {
-        actual = declared;
-        switch (declared) {
-        case MRLSchemaTypeI::eString: {
-            auto* text = new MRL_String;
-            registry->registerPointer(text);
-            text->append("text");
-            return text;
-        }
-        case MRLSchemaTypeI::eBase64Binary: {
-            auto* binary = new MRLBase64Binary("bytes", 5);
-            registry->registerPointer(binary);
-            return binary;
-        }
-        case MRLSchemaTypeI::eInt:
-        case MRLSchemaTypeI::eInteger:
-        case MRLSchemaTypeI::eBoolean: return &m_number;
-        case MRLSchemaTypeI::eDecimal:
-        case MRLSchemaTypeI::eFloat: return &m_decimal;
-        default: break;
-        }
-        MRLSchemaTypeI* object = make(declared);
-        if (object != nullptr)
-            actual = object->getObjectType();
-        return object;
-    }
-
-    /// Whether `stored`, as it is read, is what valueFor() gave.
-    static bool holds(Type declared, const void* stored, void* given) {
-        switch (declared) {
-        case MRLSchemaTypeI::eString: return stored == static_cast<MRL_String*>(given)->str();
-        case MRLSchemaTypeI::eInt:
-        case MRLSchemaTypeI::eInteger:
-        case MRLSchemaTypeI::eBoolean: return stored != nullptr && *static_cast<const int*>(stored) == 1;
-        case MRLSchemaTypeI::eDecimal:
-        case MRLSchemaTypeI::eFloat: return stored != nullptr && *static_cast<const double*>(stored) == 1.5;
-        default: return stored == given;
-        }
-    }
-
     /// Gives a child its value by name, or an array member its first element.
     void fill(MRLSchemaTypeI& object, const char* name, Type declared) {
         Type actual{};
-        void* const value = valueFor(declared, actual);
+        void* const value = values.valueFor(declared, actual);
         ASSERT_NE(value, nullptr) << "nothing fits";
-        if (factory().isArrayType(declared) == 0) {
+        if (schemaTypesFactory().isArrayType(declared) == 0) {
             ASSERT_EQ(object.setChildObject(name, value, actual, nullptr), 0u);
-            ASSERT_TRUE(holds(declared, object.getChildObject(name, 0), value));
+            ASSERT_TRUE(CatalogueValues::holds(declared, object.getChildObject(name, 0), value));
             return;
         }
         EXPECT_THROW(object.setChildObject(name, value, actual, nullptr), HBLAssertError);
         auto* array = static_cast<MRLSchemaTypeI*>(object.getChildObject(name, 1));
         ASSERT_NE(array, nullptr);
         ASSERT_EQ(array->getObjectType(), declared);
-        const Type element = array->getChildType("0");
-        void* const item =
-            valueFor(element == MRLSchemaTypeI::eDateTime ? MRLSchemaTypeI::eString : element, actual);
-        ASSERT_EQ(array->setChildObject("item", item, actual, nullptr), 1u);
+        append(*array);
     }
 
-    HBLSmartPointer<MRLObjectRegistryI> registry{MRLObjectRegistry::create()};
+    /// Adds an element to an array.
+    void append(MRLSchemaTypeI& array) {
+        const std::size_t size = static_cast<MRLSchemaTypeArrayI&>(array).size();
+        const Type element = array.getChildType("0");
+        Type actual{};
+        void* const item =
+            values.valueFor(element == MRLSchemaTypeI::eDateTime ? MRLSchemaTypeI::eString : element, actual);
+        ASSERT_EQ(array.setChildObject("item", item, actual, nullptr), size + 1);
+    }
 
-private:
-    int m_number = 1;
-    float m_decimal = 1.5F;
+    /// A new object of a type of the catalogue; `type` must be concrete.
+    MRLSchemaTypeI& make(const TypeRow& type) { return *values.make(numberOf<Type>(type.name)); }
+
+    CatalogueValues values;
 };
 
 bool isEnum(const SchemaTypeRow& row) {
@@ -128,11 +61,11 @@ bool isEnum(const SchemaTypeRow& row) {
 
 TEST_F(Catalogue, EveryChildOfEveryClassIsSetReadAndCopiedByItsName) {
     std::size_t children = 0;
-    for (const SchemaTypeRow& row : rows()) {
+    for (const SchemaTypeRow& row : schemaTypeRows()) {
         if (row.create == nullptr || row.elementXsiName != nullptr || isEnum(row))
             continue;
         SCOPED_TRACE(row.xsiName);
-        MRLSchemaTypeI& object = *make(row.type);
+        MRLSchemaTypeI& object = *values.make(row.type);
         std::vector<const char*> names;
         object.getChildObjectNames(names, true);
         EXPECT_EQ(std::set<std::string_view>(names.begin(), names.end()).size(), names.size());
@@ -145,20 +78,114 @@ TEST_F(Catalogue, EveryChildOfEveryClassIsSetReadAndCopiedByItsName) {
             if (HasFatalFailure())
                 return;
         }
-        const MRLSchemaTypeI& copy = factory().createCopy(object, *registry);
+        const MRLSchemaTypeI& copy = schemaTypesFactory().createCopy(object, values.registry());
         for (const char* name : names) {
             const void* mine = object.getChildObject(name, 0);
             const void* its = const_cast<MRLSchemaTypeI&>(copy).getChildObject(name, 0);
             EXPECT_NE(its, nullptr) << name;
             EXPECT_NE(its, mine) << name << " is shared with the copy";
         }
+        EXPECT_TRUE(equals(object, copy)) << "the copy is equal";
+        EXPECT_TRUE(names.empty() || !equals(object, *values.make(row.type)))
+            << "a filled object and an empty one";
         EXPECT_EQ(object.getChildObject("no such name", 1), nullptr);
         EXPECT_EQ(object.isa(MRLSchemaTypeI::e_Unknown), 0);
         EXPECT_STREQ(object.getGeneratedObjectName().c_str() + 4, row.xsiName + 5)
             << "but for the first letter";
-        registry->clean();
+        values.clean();
     }
     EXPECT_GT(children, 2000u) << "the walk is not empty";
+}
+
+TEST_F(Catalogue, EveryTypeIsFoundByItsNumberAndItsName) {
+    MRLSchemaTypesFactory& factory = schemaTypesFactory();
+    std::size_t concrete = 0;
+    std::size_t abstract = 0;
+    for (const TypeRow& row : mrl::tool::types()) {
+        if (!row.travels)
+            continue;
+        SCOPED_TRACE(row.name);
+        const auto type = numberOf<Type>(row.name);
+        const std::string xsiName = std::string("bus:") + row.name;
+        EXPECT_EQ(factory.objectTypeToXSIType(type), xsiName);
+        EXPECT_EQ(factory.xsiTypeToObjectType(xsiName), type);
+        EXPECT_EQ(factory.stringToObjectType(row.name), type);
+        if (row.isAbstract) {
+            expectFailure([&] { factory.create(type); }, 0xA647EC7B, {xsiName},
+                          "MRLSchemaTypesFactory::create()");
+            ++abstract;
+            continue;
+        }
+        const MRLSchemaTypeI& object = make(row);
+        const MRLSchemaTypeI& copy = factory.createCopy(object, values.registry());
+        for (const MRLSchemaTypeI* made : {&object, &copy}) {
+            EXPECT_EQ(made->getObjectType(), type);
+            EXPECT_EQ(made->getGeneratedObjectName(), row.className);
+            EXPECT_NE(made->isa(type), 0);
+            EXPECT_TRUE(*row.parent == '\0' || made->isa(numberOf<Type>(row.parent)) != 0) << row.parent;
+        }
+        EXPECT_NE(&copy, &object);
+        EXPECT_TRUE(equals(object, copy) && equals(copy, object));
+        values.clean();
+        ++concrete;
+    }
+    EXPECT_EQ(concrete, 866u);
+    EXPECT_EQ(abstract, 67u);
+}
+
+TEST_F(Catalogue, EveryArrayKnowsItsElementsAndCountsThem) {
+    MRLSchemaTypesFactory& factory = schemaTypesFactory();
+    for (const TypeRow& row : mrl::tool::types()) {
+        SCOPED_TRACE(row.name);
+        const auto type = numberOf<Type>(row.name);
+        EXPECT_EQ(factory.isArrayType(type) != 0, row.kind == TypeKind::array);
+        if (row.kind != TypeKind::array)
+            continue;
+        auto& array = static_cast<MRLSchemaTypeArrayI&>(make(row));
+        const bool ofClass = factory.xsiTypeToObjectType(std::string("bus:") + row.element) != 0;
+        const std::string element = (ofClass ? "bus:" : "xs:") + std::string(row.element);
+        for (const char* size : {"[0]", "[1]", "[2]"}) {
+            std::string text;
+            factory.objectTypeToArrayType(type, &array, text);
+            EXPECT_EQ(text, element + size);
+            const MRLSchemaTypeI& copy = factory.createCopy(array, values.registry());
+            EXPECT_TRUE(equals(array, copy));
+            append(array);
+            EXPECT_FALSE(equals(array, copy)) << "one is longer";
+        }
+        const std::string arrayName = element + "[]";
+        const std::u16string wide(arrayName.begin(), arrayName.end());
+        if (ofClass)
+            EXPECT_EQ(factory.arrayTypeToObjectType(wide.c_str()), type);
+        else
+            EXPECT_THROW(factory.arrayTypeToObjectType(wide.c_str()), HBLAssertError);
+        values.clean();
+    }
+}
+
+TEST_F(Catalogue, EveryValueOfEveryEnumerationIsSetReadAndCopied) {
+    std::size_t count = 0;
+    for (const TypeRow& row : mrl::tool::types()) {
+        if (row.kind != TypeKind::enumeration || !row.travels)
+            continue;
+        MRLSchemaTypeI& object = make(row);
+        const auto set = [&](const char* text) {
+            object.setChildObject("any", values.text(text), MRLSchemaTypeI::eString, nullptr);
+        };
+        for (const char* value : row.values) {
+            SCOPED_TRACE(std::string(row.name) + " " + value);
+            const MRLSchemaTypeI& before = schemaTypesFactory().createCopy(object, values.registry());
+            set(value);
+            EXPECT_STREQ(static_cast<const char*>(object.getChildObject("any", 0)), value);
+            EXPECT_TRUE(equals(object, schemaTypesFactory().createCopy(object, values.registry())));
+            EXPECT_FALSE(equals(object, before));
+            ++count;
+        }
+        expectFailure([&] { set("no such value"); }, 0xA645DC29, {"no such value"},
+                      std::string(row.className) + "::stringToEnum()");
+        values.clean();
+    }
+    EXPECT_GT(count, 1000u) << "the walk is not empty";
 }
 
 } // namespace
