@@ -19,7 +19,11 @@ from reference import render_reference  # noqa: E402
 from render import file_names, render, write_if_changed  # noqa: E402
 from tools import render_tools  # noqa: E402
 
-PARTS = {"library": render, "tools": render_tools, "reference": render_reference}
+PARTS = {  # what renders each: (model, catalogue) -> (path, text) for every file
+    "library": lambda model, catalogue: render(model),
+    "tools": render_tools,
+    "reference": lambda model, catalogue: render_reference(model),
+}
 
 
 def main(arguments=None):
@@ -39,7 +43,7 @@ def main(arguments=None):
     if options.list:
         print("\n".join(file_names(model)))
         return 0
-    return _write(PARTS[options.part](model), options.output)
+    return _write(PARTS[options.part](model, options.catalogue), options.output)
 
 
 def _write(files, output):

@@ -1,20 +1,23 @@
 """Prints a resolved model as data for the tools. The library knows nothing of it."""
 
+import tomllib
+
 from model import symbols
 from render import Pages
 
 
-def render_tools(model):
-    """(file name, text) for every source of the tools."""
+def render_tools(model, catalogue):
+    """(file name, text) for every source of the tools; `catalogue` is the folder of the model."""
     page = Pages()
     yield page("CatalogueData_gen_.cpp", "tool_data.cpp",
                types=sorted([*model.types, *(e for e in model.enums if e.uri)], key=lambda entry: entry.name),
                messages=sorted(model.messages, key=lambda message: message.name),
                services=sorted(model.services, key=lambda service: service.name),
-               symbols=symbols.symbols(model), figures=FIGURES, kind=kind_of, meaning=meaning_of)
+               symbols=symbols.symbols(model), figures=_expected_figures(catalogue), kind=kind_of, meaning=meaning_of)
     yield page("LibraryAccess_gen_.cpp", "tool_library.cpp",
                services=sorted(model.services, key=lambda service: service.name),
-               abstract=[entry for entry in model.types if _is_abstract(entry)])
+               abstract=[entry for entry in model.types if _is_abstract(entry)],
+               enums=sorted(model.enums, key=lambda entry: entry.name))
     yield page("LibraryComparison_gen_.cpp", "tool_comparison.cpp",
                types=[entry for entry in model.types if not _is_abstract(entry)])
 
@@ -38,31 +41,9 @@ def _is_abstract(entry):
     return getattr(entry, "abstract", False)
 
 
-FIGURES = {
-    "types": 933,
-    "abstractTypes": 67,
-    "concreteTypes": 758,
-    "objectArrays": 97,
-    "primitiveArrays": 11,
-    "classes": 595,
-    "abstractClasses": 66,
-    "enums": 99,
-    "properties": 130,
-    "messages": 478,
-    "messagePairs": 239,
-    "parameterLists": 476,
-    "objectParameters": 546,
-    "stringParameters": 101,
-    "nullableParameters": 23,
-    "portTypes": 27,
-    "operationEntries": 437,
-    "lumenaEntries": 92,
-    "objectMembers": 2013,
-    "stringMembers": 327,
-    "nullableMembers": 119,
-    "arrayMembers": 200,
-    "symbols": 2383,
-    "uriSymbols": 116,
-    "firstSymbol": "aasAffineConnections",
-    "lastPlainSymbol": "yearlyRelativeWithIntradayRecurrence",
-}
+def _expected_figures(catalogue):
+    """What the library must hold. The build has compared the model with the same table."""
+    path = catalogue / "figures.toml"
+    if not path.is_file():
+        return {}
+    return {name: row["is"] for name, row in tomllib.loads(path.read_text(encoding="utf-8")).items()}

@@ -59,20 +59,28 @@ TEST(Lookup, FindsEverySignatureOfAnOperationOrThoseOfOneService) {
     EXPECT_THAT(findOperations("noService.copy"), IsEmpty());
 }
 
-TEST(Figures, EachDifferenceIsOneSentence) {
+TEST(Figures, ArePrintedInTheExpectedOrderAndEachDifferenceIsOneSentence) {
     Figures figures;
-    figures.add("types", 3);
-    figures.add("first", "a");
-    figures.add("other", 1);
-    std::ostringstream complaints;
-    const FigureRow same[] = {{"types", "3"}, {"first", "a"}, {"other", "1"}};
-    EXPECT_EQ(figures.compare(same, complaints), 0u);
-    EXPECT_EQ(complaints.str(), "");
-    const FigureRow different[] = {{"types", "4"}, {"first", "a"}, {"missing", "2"}};
-    EXPECT_EQ(figures.compare(different, complaints), 3u);
-    EXPECT_EQ(complaints.str(), "types is 3 and should be 4\n"
-                                "missing is not counted and should be 2\n"
-                                "other is 1 and has no expected value\n");
+    figures.add("types", 1);
+    figures.add("types", 2);
+    figures.set("first", "a");
+    const struct {
+        std::vector<FigureRow> expected;
+        const char* lines;
+        const char* complaints;
+    } rows[] = {
+        {{{"first", "a"}, {"types", "3"}}, "first: a\ntypes: 3\n", ""},
+        {{{"types", "4"}, {"first", "a"}, {"other", "2"}},
+         "types: 3\nfirst: a\nother: not counted\n",
+         "types should be 4 and is 3\nother should be 2 and is not counted\n"},
+    };
+    for (const auto& row : rows) {
+        std::ostringstream lines;
+        std::ostringstream complaints;
+        EXPECT_EQ(figures.compare(row.expected, lines, complaints) == 0, *row.complaints == '\0');
+        EXPECT_EQ(lines.str(), row.lines);
+        EXPECT_EQ(complaints.str(), row.complaints);
+    }
 }
 
 } // namespace

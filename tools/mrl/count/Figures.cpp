@@ -3,35 +3,36 @@
 #include "count/Counting.h"
 #include "data/CatalogueData.h"
 
-#include <algorithm>
 #include <ostream>
 
 namespace mrl::tool {
 
-std::size_t Figures::compare(std::span<const FigureRow> expected, std::ostream& complaints) const {
-    std::size_t count = 0;
+std::optional<std::string> Figures::value(std::string_view name) const {
+    if (const auto count = m_counts.find(name); count != m_counts.end())
+        return std::to_string(count->second);
+    if (const auto text = m_texts.find(name); text != m_texts.end())
+        return text->second;
+    return std::nullopt;
+}
+
+std::size_t Figures::compare(std::span<const FigureRow> expected, std::ostream& lines,
+                             std::ostream& complaints) const {
+    std::size_t differences = 0;
     for (const FigureRow& row : expected) {
-        const auto mine =
-            std::ranges::find_if(m_rows, [&](const Figure& figure) { return figure.name == row.name; });
-        if (mine != m_rows.end() && mine->value == row.value)
-            continue;
-        if (mine == m_rows.end())
-            complaints << row.name << " is not counted and should be " << row.value << '\n';
-        else
-            complaints << row.name << " is " << mine->value << " and should be " << row.value << '\n';
-        ++count;
-    }
-    for (const Figure& figure : m_rows)
-        if (std::ranges::none_of(expected, [&](const FigureRow& row) { return figure.name == row.name; })) {
-            complaints << figure.name << " is " << figure.value << " and has no expected value\n";
-            ++count;
+        const std::string counted = value(row.name).value_or("not counted");
+        lines << row.name << ": " << counted << '\n';
+        if (counted != row.value) {
+            complaints << row.name << " should be " << row.value << " and is " << counted << '\n';
+            ++differences;
         }
-    return count;
+    }
+    return differences;
 }
 
 Figures countLibrary() {
     Figures figures;
     countTypes(figures);
+    countValues(figures);
     countMessages(figures);
     countServices(figures);
     countSymbols(figures);

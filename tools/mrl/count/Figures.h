@@ -2,36 +2,33 @@
 
 #include <cstddef>
 #include <iosfwd>
+#include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace mrl::tool {
 
 struct FigureRow;
 
-/// Named figures in the order in which they were counted.
+/// What has been counted, by name.
 class Figures {
 public:
-    struct Figure {
-        std::string name;
-        std::string value;
-    };
+    void add(std::string_view name, std::size_t count) { m_counts[std::string(name)] += count; }
+    void set(std::string_view name, std::string_view text) { m_texts[std::string(name)] = text; }
 
-    void add(std::string_view name, std::size_t value) { add(name, std::to_string(value)); }
-    void add(std::string_view name, std::string value) {
-        m_rows.push_back({std::string(name), std::move(value)});
-    }
+    /// Empty when nothing of that name was counted.
+    std::optional<std::string> value(std::string_view name) const;
 
-    const std::vector<Figure>& rows() const { return m_rows; }
-
-    /// Writes one sentence for each figure that differs, is missing, or has no row in `expected`.
-    /// @return how many sentences there were.
-    std::size_t compare(std::span<const FigureRow> expected, std::ostream& complaints) const;
+    /// Writes a line "name: value" for each expected figure, and a sentence for each that differs.
+    /// @return how many differ.
+    std::size_t compare(std::span<const FigureRow> expected, std::ostream& lines,
+                        std::ostream& complaints) const;
 
 private:
-    std::vector<Figure> m_rows;
+    std::map<std::string, std::size_t, std::less<>> m_counts;
+    std::map<std::string, std::string, std::less<>> m_texts;
 };
 
 /// Asks the built library for each of its figures. The catalogue's data gives the names to ask for, and

@@ -1,4 +1,5 @@
 #include "Toolkit/MRLMessageFactory.h"
+#include "Toolkit/MRLSchemaTypesFactory.h"
 #include "count/Counting.h"
 #include "count/Figures.h"
 #include "data/CatalogueData.h"
@@ -6,16 +7,26 @@
 #include "HBLCore/HBLSmartPointer.h"
 #include "HBLCore/HBLUtCrc32.h"
 
-#include <array>
 #include <set>
+#include <string>
 
 namespace mrl::tool {
+
+namespace {
+
+/// An array parameter is a pointer as an object is.
+void countParameter(MRLSchemaTypeI::ObjectType declared, Figures& figures) {
+    const std::string kind(valueKind(declared));
+    figures.add((kind == "array" ? "object" : kind) + " parameters", 1);
+    if (kind == "object" && MRLSchemaTypesFactory::isBase64(declared) == 0)
+        figures.add("getters of abstract types", isAbstract(declared) ? 1 : 0);
+}
+
+} // namespace
 
 void countMessages(Figures& figures) {
     MRLMessageFactory& factory = MRLMessageFactory::getInstance();
     std::set<std::string> made;
-    std::size_t lists = 0;
-    std::array<std::size_t, 4> counts{};
     for (const MessageRow& row : messages()) {
         const auto type = static_cast<MRLMessageI::MessageType>(HBLUtCrc32::crc32(row.name, 0));
         const HBLSmartPointer<MRLMessageI> message(factory.create(type));
@@ -25,22 +36,13 @@ void countMessages(Figures& figures) {
         const MRLMessageFactory::MRLParamDescriptor* parameter = factory.getParameterTypes(type);
         if (parameter == nullptr)
             continue;
-        ++lists;
+        figures.add("parameter lists", 1);
         for (; parameter->paramName != nullptr; ++parameter)
-            ++counts[static_cast<std::size_t>(valueKind(parameter->paramType))];
+            countParameter(parameter->paramType, figures);
     }
-    std::size_t pairs = 0;
     for (const std::string& name : made)
         if (const std::size_t side = name.rfind("_Request"); side != std::string::npos)
-            pairs += made.count(name.substr(0, side) + "_Reply");
-
-    figures.add("messages", made.size());
-    figures.add("messagePairs", pairs);
-    figures.add("parameterLists", lists);
-    figures.add("objectParameters", counts[static_cast<std::size_t>(ValueKind::object)] +
-                                        counts[static_cast<std::size_t>(ValueKind::array)]);
-    figures.add("stringParameters", counts[static_cast<std::size_t>(ValueKind::text)]);
-    figures.add("nullableParameters", counts[static_cast<std::size_t>(ValueKind::nullable)]);
+            figures.add("message pairs", made.count(name.substr(0, side) + "_Reply"));
 }
 
 } // namespace mrl::tool

@@ -47,22 +47,15 @@ std::size_t entriesOf(const ServiceRow& row, const MRLPortTypeI& service) {
 } // namespace
 
 void countServices(Figures& figures) {
-    std::size_t portTypes = 0;
-    std::size_t entries = 0;
-    std::size_t lumena = 0;
     for (const ServiceRow& row : services()) {
         const MRLPortTypeI* service = portType(row.name);
         if (service == nullptr || std::string_view(service->getName()) != row.name)
             continue;
-        ++portTypes;
-        const std::size_t own = entriesOf(row, *service);
-        entries += own;
-        if (std::string_view(row.name) == "VantorLumenaPortType")
-            lumena = own;
+        const std::size_t entries = entriesOf(row, *service);
+        figures.add("port types", 1);
+        figures.add("entries", entries);
+        figures.add(std::string("entries of ") + row.className, entries);
     }
-    figures.add("portTypes", portTypes);
-    figures.add("operationEntries", entries);
-    figures.add("lumenaEntries", lumena);
 }
 
 } // namespace mrl::tool

@@ -7,7 +7,7 @@
 #include "HBLCore/HBLUtCrc32.h"
 
 #include <algorithm>
-#include <strings.h>
+#include <string_view>
 
 namespace mrl::tool {
 
@@ -26,20 +26,28 @@ bool isUri(std::string_view text) {
     return text.find("://") != std::string_view::npos;
 }
 
+/// Neither a URI nor an acronym such as "PDF".
+bool isPlain(std::string_view text) {
+    return !isUri(text) && (text[0] < 'A' || text[0] > 'Z');
+}
+
 } // namespace
 
 void countSymbols(Figures& figures) {
-    std::vector<const char*> found;
-    std::ranges::copy_if(symbols(), std::back_inserter(found), isSymbol);
-    const auto uris = std::ranges::stable_partition(found, [](const char* text) { return !isUri(text); });
-    const std::span plain(found.begin(), uris.begin());
-    const auto [first, last] =
-        std::ranges::minmax_element(plain, [](const char* a, const char* b) { return strcasecmp(a, b) < 0; });
-
-    figures.add("symbols", found.size());
-    figures.add("uriSymbols", uris.size());
-    figures.add("firstSymbol", plain.empty() ? "" : *first);
-    figures.add("lastPlainSymbol", plain.empty() ? "" : *last);
+    std::string_view first;
+    std::string_view last;
+    for (const char* const text : symbols()) {
+        if (!isSymbol(text))
+            continue;
+        figures.add("symbols", 1);
+        figures.add("symbols that are URIs", isUri(text) ? 1 : 0);
+        if (!isPlain(text))
+            continue;
+        first = first.empty() ? text : std::min<std::string_view>(first, text);
+        last = std::max<std::string_view>(last, text);
+    }
+    figures.set("first symbol", first);
+    figures.set("last plain symbol", last);
 }
 
 } // namespace mrl::tool

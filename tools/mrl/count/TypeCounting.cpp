@@ -6,7 +6,9 @@
 #include "data/LibraryAccess.h"
 
 #include <algorithm>
-#include <array>
+#include <set>
+#include <string>
+#include <vector>
 
 namespace mrl::tool {
 
@@ -84,63 +86,74 @@ const KnownType* parentOf(const KnownType& known, const std::vector<const KnownT
     return parent;
 }
 
-/// Members by kind; each counts once, where it is declared.
-void countMembers(const std::vector<const KnownType*>& classes, Figures& figures) {
-    std::array<std::size_t, 4> counts{};
-    for (const KnownType* known : classes) {
-        const KnownType* parent = parentOf(*known, classes);
+/// The members of classes and wrappers; each counts once, where it is declared.
+void countMembers(const std::vector<const KnownType*>& declaring, Figures& figures) {
+    std::set<ObjectType> used;
+    for (const KnownType* known : declaring) {
+        const KnownType* parent = parentOf(*known, declaring);
         const std::vector<const char*> names = memberNames(*known);
         const std::size_t inherited = parent == nullptr ? 0 : memberNames(*parent).size();
-        for (std::size_t i = inherited; i < names.size(); ++i)
-            ++counts[static_cast<std::size_t>(valueKind(known->object->getChildType(names[i])))];
+        for (std::size_t i = inherited; i < names.size(); ++i) {
+            const ObjectType declared = known->object->getChildType(names[i]);
+            const std::string kind(valueKind(declared));
+            if (familyOf(*known) == Family::classType)
+                figures.add(kind + " members", 1);
+            if (kind != "object" || MRLSchemaTypesFactory::isBase64(declared) != 0)
+                continue;
+            used.insert(declared);
+            figures.add("getters of abstract types", isAbstract(declared) ? 1 : 0);
+        }
     }
-    figures.add("objectMembers", counts[static_cast<std::size_t>(ValueKind::object)]);
-    figures.add("stringMembers", counts[static_cast<std::size_t>(ValueKind::text)]);
-    figures.add("nullableMembers", counts[static_cast<std::size_t>(ValueKind::nullable)]);
-    figures.add("arrayMembers", counts[static_cast<std::size_t>(ValueKind::array)]);
+    figures.add("types used as a member", used.size());
 }
 
 } // namespace
 
-ValueKind valueKind(ObjectType declared) {
+std::string_view valueKind(ObjectType declared) {
     if (MRLSchemaTypesFactory::isString(declared) != 0)
-        return ValueKind::text;
+        return "string";
     if (factory().isArrayType(declared) != 0)
-        return ValueKind::array;
+        return "array";
     if (MRLSchemaTypesFactory::isGeneratedType(declared) != 0 ||
         MRLSchemaTypesFactory::isBase64(declared) != 0)
-        return ValueKind::object;
-    return ValueKind::nullable;
+        return "object";
+    return "nullable";
+}
+
+bool isAbstract(ObjectType type) {
+    return make(type) == nullptr;
 }
 
 void countTypes(Figures& figures) {
     const std::vector<KnownType> known = knownTypes();
-    const auto count = [&](auto&& matches) {
-        return static_cast<std::size_t>(std::ranges::count_if(known, matches));
-    };
-    const auto ofFamily = [&](Family family) {
-        return count([&](const KnownType& type) { return familyOf(type) == family; });
-    };
-    std::vector<const KnownType*> classes;
-    for (const KnownType& type : known)
-        if (familyOf(type) == Family::classType)
-            classes.push_back(&type);
-    const std::size_t abstract = count([](const KnownType& type) { return type.isAbstract; });
-    const std::size_t arrays = ofFamily(Family::objectArray) + ofFamily(Family::primitiveArray);
+    std::vector<const KnownType*> declaring;
+    for (const KnownType& type : known) {
+        const Family family = familyOf(type);
+        const bool isArray = family == Family::objectArray || family == Family::primitiveArray;
+        figures.add("types", 1);
+        figures.add("abstract types", type.isAbstract ? 1 : 0);
+        figures.add("concrete types", type.isAbstract || isArray ? 0 : 1);
+        figures.add("arrays of types", family == Family::objectArray ? 1 : 0);
+        figures.add("arrays of primitives", family == Family::primitiveArray ? 1 : 0);
+        figures.add("classes", family == Family::classType ? 1 : 0);
+        figures.add("abstract classes", family == Family::classType && type.isAbstract ? 1 : 0);
+        figures.add("enumerations", family == Family::enumeration ? 1 : 0);
+        figures.add("properties", family == Family::property && !type.isAbstract ? 1 : 0);
+        if (family == Family::classType || family == Family::property)
+            declaring.push_back(&type);
+    }
+    countMembers(declaring, figures);
+}
 
-    figures.add("types", known.size());
-    figures.add("abstractTypes", abstract);
-    figures.add("concreteTypes", known.size() - abstract - arrays);
-    figures.add("objectArrays", ofFamily(Family::objectArray));
-    figures.add("primitiveArrays", ofFamily(Family::primitiveArray));
-    figures.add("classes", classes.size());
-    figures.add("abstractClasses", static_cast<std::size_t>(std::ranges::count_if(
-                                       classes, [](const KnownType* type) { return type->isAbstract; })));
-    figures.add("enums", ofFamily(Family::enumeration));
-    figures.add("properties", count([](const KnownType& type) {
-                    return !type.isAbstract && familyOf(type) == Family::property;
-                }));
-    countMembers(classes, figures);
+void countValues(Figures& figures) {
+    for (const TypeRow& row : types()) {
+        const ValueTest test = row.kind == TypeKind::enumeration ? valueTest(row.name) : nullptr;
+        if (test == nullptr)
+            continue;
+        figures.add("enumerations of URIs", factory().stringToObjectType(row.name) == 0 ? 1 : 0);
+        figures.add(std::string("values of ") + row.name,
+                    static_cast<std::size_t>(std::ranges::count_if(row.values, test)));
+    }
 }
 
 } // namespace mrl::tool

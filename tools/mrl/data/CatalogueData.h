@@ -64,6 +64,7 @@ std::span<const ServiceRow> services();
 /// Every text that generated code names by number.
 std::span<const char* const> symbols();
 
+/// Empty when the catalogue has no table of figures.
 std::span<const FigureRow> expectedFigures();
 
 } // namespace mrl::tool

@@ -16,4 +16,10 @@ const MRLPortTypeI* portType(std::string_view service);
 /// there is no abstract type of that name.
 std::unique_ptr<MRLSchemaTypeI> makeStandIn(std::string_view abstractType);
 
+/// Tells whether an enumeration has a value of that text.
+using ValueTest = bool (*)(const char* value);
+
+/// The test of an enumeration, whether it travels or not; null when there is none of that name.
+ValueTest valueTest(std::string_view enumeration);
+
 } // namespace mrl::tool

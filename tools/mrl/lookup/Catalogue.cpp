@@ -72,7 +72,7 @@ std::vector<std::string_view> allNames() {
             names.emplace_back(operation.name);
     }
     std::ranges::sort(names);
-    names.erase(std::ranges::unique(names).begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
     return names;
 }
 
