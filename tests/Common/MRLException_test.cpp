@@ -5,8 +5,12 @@
 #include "HBLCore/HBLMessageCatalogue.h"
 #include "HBLCore/HBLMessageString.h"
 
+#include <filesystem>
 #include <fstream>
 #include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -79,24 +83,59 @@ TEST(MRLExceptionMessage, FormatsTheNumberAskedFor) {
     EXPECT_EQ(text, "own text");
 }
 
-TEST(EnglishCatalogue, HasATextForEveryNumberThatShowsEveryParameter) {
-    std::ifstream in(MRL_RESOURCES "/MRLmsgs_en.txt");
+/// The languages that the texts exist in, by their files: "en", "de", ...
+std::vector<std::string> languages() {
+    std::vector<std::string> found;
+    const std::string begin = "MRLmsgs_";
+    for (const auto& file : std::filesystem::directory_iterator(MRL_RESOURCES))
+        if (const std::string stem = file.path().stem().string(); stem.starts_with(begin))
+            found.push_back(stem.substr(begin.size()));
+    return found;
+}
+
+class EachCatalogue : public testing::TestWithParam<std::string> {};
+
+TEST_P(EachCatalogue, HasATextForEveryNumberThatShowsEveryParameter) {
+    std::ifstream in(MRL_RESOURCES "/MRLmsgs_" + GetParam() + ".txt");
     std::vector<std::string> problems;
     const HBLMessageCatalogue catalogue(in, &problems);
     EXPECT_EQ(problems, std::vector<std::string>{});
     EXPECT_EQ(catalogue.size(), msg::all.size()) << "a text for a number that is not declared";
     for (const auto& [number, parameters] : msg::all) {
+        // Asked of the file itself: English would stand in for what a translation lacks.
+        EXPECT_NE(catalogue.find(number), nullptr) << std::hex << number << " has no text";
         MRLHBLMessage message(number);
         for (std::size_t i = 0; i < parameters; ++i)
             message << "<" + std::to_string(i) + ">";
         std::string text;
-        message.format("en", text);
-        EXPECT_FALSE(text.starts_with("MRLmsgs ")) << text << " has no text";
+        message.format(GetParam().c_str(), text);
         EXPECT_EQ(text.find('{'), std::string::npos) << "takes more parameters than declared: " << text;
         for (std::size_t i = 0; i < parameters; ++i)
             EXPECT_NE(text.find("<" + std::to_string(i) + ">"), std::string::npos)
                 << i << " is missing: " << text;
     }
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, EachCatalogue, testing::ValuesIn(languages()),
+                         [](const auto& language) { return language.param; });
+
+TEST(MRLException, ReadsInTheLanguageAskedFor) {
+    MRLException exception = MRLException(0) << (MRLHBLMessage(msg::wrongItemType) << "bus:\u00e4"
+                                                                                   << "bus:policy")
+                                             << MRLHBLMessage(msg::unknownFailure);
+    const std::string english = "An item of the type \"bus:\u00e4\" was found in an array of the type "
+                                "\"bus:policy\".\nThe request failed for a reason that is not known.";
+    const std::string german = "In einem Array vom Typ \u201ebus:policy\u201c steht ein Eintrag vom Typ "
+                               "\u201ebus:\u00e4\u201c.\nDie Anfrage ist gescheitert; der Grund ist nicht "
+                               "bekannt.";
+    const std::pair<const char*, std::string> rows[] = {
+        {"de", german},  {"de-AT", german}, {"DE", german},
+        {"en", english}, {"fr", english},   {nullptr, english},
+    };
+    std::string text;
+    for (const auto& [language, expected] : rows)
+        EXPECT_STREQ(exception.getMessage(language, text), expected.c_str())
+            << (language ? language : "null");
 }
 
 } // namespace
