@@ -231,7 +231,8 @@ void MRLMessageIContentHandler::closeParameter(const Element& element) {
     const MRLSchemaTypeI::ObjectType type = m_schemaTypeContentHandler->getObjectType();
     if (m_soapFault != nullptr) {
         const NarrowName name(*this, element.localName);
-        m_soapFault->setChildObject(name.c_str(), object, type, nullptr);
+        if (object != nullptr) // a part that is nil is absent: what the fault says matters more
+            m_soapFault->setChildObject(name.c_str(), object, type, nullptr);
     } else if (!m_binding) {
         const char* const name = convertInto(*m_objectRegistry, element.localName);
         m_params.emplace_back(hblNew<MRLMessageParam>(HBL_HERE, name, type, object));

@@ -158,6 +158,15 @@ TEST_F(FaultTest, AnItemWithoutATypeMakesTheDetailAnUndocumentedOne) {
     }
 }
 
+TEST_F(FaultTest, APartThatIsNilIsAbsent) {
+    const auto exception = faultOf(faultWith(R"(<faultcode>Server</faultcode><faultstring>no</faultstring>)"
+                                             R"(<faultactor i:nil="true"/><detail i:nil="true"/>)"));
+    ASSERT_TRUE(exception);
+    EXPECT_STREQ(exception->getSOAPFault().getFaultString(), "no");
+    EXPECT_EQ(exception->getSOAPFault().getFaultActor(), nullptr);
+    EXPECT_EQ(exception->getSOAPFault().getDetail(), nullptr);
+}
+
 TEST_F(FaultTest, TheHeaderOfAFaultIsKeptAndTheMessageStaysAsItWas) {
     Call call;
     MRLSOAPMessageIDeserializer reader;
