@@ -3,13 +3,14 @@ PRESET ?= dev
 BUILD := build/$(PRESET)
 JOBS ?= $(shell nproc)
 
-.PHONY: help setup configure build demo test check format tidy layering bench clean
+.PHONY: help setup configure build demo test check format tidy layering bench interop clean
 
 help:
 	@echo "make demo    a typed call answered by a live bus"
 	@echo "make test    every test               (PRESET=asan|tsan|release|coverage for another build)"
 	@echo "make check   format, tidy, layering, tests"
 	@echo "make bench   the benchmarks, optimised"
+	@echo "make interop against SOAP stacks that others wrote (installs them)"
 	@echo "make format  rewrites sources in the project's format"
 
 setup:
@@ -48,6 +49,12 @@ bench: setup
 	@cmake --preset release --log-level=NOTICE
 	@cmake --build --preset release -j $(JOBS)
 	@scripts/bench build/release/bin
+
+interop:
+	@./setup --interop
+	@cmake --preset $(PRESET) -DMRL_INTEROP=ON --log-level=NOTICE
+	@cmake --build --preset $(PRESET) -j $(JOBS) --target interop_programs
+	@tests/interop/run $(BUILD)/bin
 
 clean:
 	rm -rf build

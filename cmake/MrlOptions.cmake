@@ -11,6 +11,7 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 
 option(MRL_BENCHMARKS "Build the programs under bench/" OFF)
+option(MRL_INTEROP "Offer the targets of tests/interop, for `make interop`" OFF)
 set(MRL_SANITIZE "" CACHE STRING "Sanitizers to compile with, for example address,undefined")
 option(MRL_COVERAGE "Compile for gcov" OFF)
 
