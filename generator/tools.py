@@ -46,4 +46,5 @@ def _expected_figures(catalogue):
     path = catalogue / "figures.toml"
     if not path.is_file():
         return {}
-    return {name: row["is"] for name, row in tomllib.loads(path.read_text(encoding="utf-8")).items()}
+    tables = tomllib.loads(path.read_text(encoding="utf-8"))
+    return {name: row["is"] for rows in tables.values() for name, row in rows.items()}

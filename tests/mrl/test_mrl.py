@@ -79,5 +79,5 @@ def test_help_tells_the_exit_codes(arguments):
 def test_the_library_holds_what_it_should():
     result = mrl("catalogue", "--counts")
     figures = dict(line.split(": ") for line in result.stdout.splitlines())
-    assert (figures["types"], figures["message pairs"], figures["entries"]) == ("933", "239", "437")
+    assert (figures["types"], figures["messages"], figures["operationEntries"]) == ("933", "478", "437")
     assert (result.returncode, result.stderr) == (0, "")

@@ -17,9 +17,9 @@ namespace {
 /// An array parameter is a pointer as an object is.
 void countParameter(MRLSchemaTypeI::ObjectType declared, Figures& figures) {
     const std::string kind(valueKind(declared));
-    figures.add((kind == "array" ? "object" : kind) + " parameters", 1);
+    figures.add((kind == "array" ? "object" : kind) + "Parameters", 1);
     if (kind == "object" && MRLSchemaTypesFactory::isBase64(declared) == 0)
-        figures.add("getters of abstract types", isAbstract(declared) ? 1 : 0);
+        figures.add("abstractGetters", isAbstract(declared) ? 1 : 0);
 }
 
 } // namespace
@@ -33,16 +33,17 @@ void countMessages(Figures& figures) {
         if (!message || std::string_view(message->getGeneratedMessageName()) != row.name)
             continue;
         made.insert(row.name);
+        figures.add("messages", 1);
         const MRLMessageFactory::MRLParamDescriptor* parameter = factory.getParameterTypes(type);
         if (parameter == nullptr)
             continue;
-        figures.add("parameter lists", 1);
+        figures.add("parameterLists", 1);
         for (; parameter->paramName != nullptr; ++parameter)
             countParameter(parameter->paramType, figures);
     }
     for (const std::string& name : made)
         if (const std::size_t side = name.rfind("_Request"); side != std::string::npos)
-            figures.add("message pairs", made.count(name.substr(0, side) + "_Reply"));
+            figures.add("messagePairs", made.count(name.substr(0, side) + "_Reply"));
 }
 
 } // namespace mrl::tool

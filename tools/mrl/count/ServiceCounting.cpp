@@ -52,9 +52,10 @@ void countServices(Figures& figures) {
         if (service == nullptr || std::string_view(service->getName()) != row.name)
             continue;
         const std::size_t entries = entriesOf(row, *service);
-        figures.add("port types", 1);
-        figures.add("entries", entries);
-        figures.add(std::string("entries of ") + row.className, entries);
+        figures.add("portTypes", 1);
+        figures.add("operationEntries", entries);
+        if (std::string_view(row.name) == "VantorLumenaPortType")
+            figures.add("lumenaEntries", entries);
     }
 }
 

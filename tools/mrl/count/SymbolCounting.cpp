@@ -40,14 +40,14 @@ void countSymbols(Figures& figures) {
         if (!isSymbol(text))
             continue;
         figures.add("symbols", 1);
-        figures.add("symbols that are URIs", isUri(text) ? 1 : 0);
+        figures.add("uriSymbols", isUri(text) ? 1 : 0);
         if (!isPlain(text))
             continue;
         first = first.empty() ? text : std::min<std::string_view>(first, text);
         last = std::max<std::string_view>(last, text);
     }
-    figures.set("first symbol", first);
-    figures.set("last plain symbol", last);
+    figures.set("firstSymbol", first);
+    figures.set("lastPlainSymbol", last);
 }
 
 } // namespace mrl::tool

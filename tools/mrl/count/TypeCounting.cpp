@@ -97,14 +97,14 @@ void countMembers(const std::vector<const KnownType*>& declaring, Figures& figur
             const ObjectType declared = known->object->getChildType(names[i]);
             const std::string kind(valueKind(declared));
             if (familyOf(*known) == Family::classType)
-                figures.add(kind + " members", 1);
+                figures.add(kind + "Members", 1);
             if (kind != "object" || MRLSchemaTypesFactory::isBase64(declared) != 0)
                 continue;
             used.insert(declared);
-            figures.add("getters of abstract types", isAbstract(declared) ? 1 : 0);
+            figures.add("abstractGetters", isAbstract(declared) ? 1 : 0);
         }
     }
-    figures.add("types used as a member", used.size());
+    figures.add("memberTypes", used.size());
 }
 
 } // namespace
@@ -131,13 +131,13 @@ void countTypes(Figures& figures) {
         const Family family = familyOf(type);
         const bool isArray = family == Family::objectArray || family == Family::primitiveArray;
         figures.add("types", 1);
-        figures.add("abstract types", type.isAbstract ? 1 : 0);
-        figures.add("concrete types", type.isAbstract || isArray ? 0 : 1);
-        figures.add("arrays of types", family == Family::objectArray ? 1 : 0);
-        figures.add("arrays of primitives", family == Family::primitiveArray ? 1 : 0);
+        figures.add("abstractTypes", type.isAbstract ? 1 : 0);
+        figures.add("concreteTypes", type.isAbstract || isArray ? 0 : 1);
+        figures.add("objectArrays", family == Family::objectArray ? 1 : 0);
+        figures.add("primitiveArrays", family == Family::primitiveArray ? 1 : 0);
         figures.add("classes", family == Family::classType ? 1 : 0);
-        figures.add("abstract classes", family == Family::classType && type.isAbstract ? 1 : 0);
-        figures.add("enumerations", family == Family::enumeration ? 1 : 0);
+        figures.add("abstractClasses", family == Family::classType && type.isAbstract ? 1 : 0);
+        figures.add("enums", family == Family::enumeration ? 1 : 0);
         figures.add("properties", family == Family::property && !type.isAbstract ? 1 : 0);
         if (family == Family::classType || family == Family::property)
             declaring.push_back(&type);
@@ -150,9 +150,8 @@ void countValues(Figures& figures) {
         const ValueTest test = row.kind == TypeKind::enumeration ? valueTest(row.name) : nullptr;
         if (test == nullptr)
             continue;
-        figures.add("enumerations of URIs", factory().stringToObjectType(row.name) == 0 ? 1 : 0);
-        figures.add(std::string("values of ") + row.name,
-                    static_cast<std::size_t>(std::ranges::count_if(row.values, test)));
+        figures.add("uriEnums", factory().stringToObjectType(row.name) == 0 ? 1 : 0);
+        figures.add(row.name, static_cast<std::size_t>(std::ranges::count_if(row.values, test)));
     }
 }
 
