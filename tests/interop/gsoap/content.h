@@ -1,5 +1,6 @@
 // The content manager as gSOAP sees it: soapcpp2 makes a server of this header. Prefixes are gSOAP's own.
-// clang-format off: directives begin right behind the slashes
+// Its directives begin right behind the slashes.
+// clang-format off
 //gsoap cm service name: content
 //gsoap cm service namespace: http://developer.vantor.example/schemas/contentManagerService/1
 //gsoap cm service style: rpc

@@ -54,10 +54,6 @@ sub query {
         value('severity', 'string', 'error'),
         SOAP::Data->name('message')->value(\value('messageString', 'string', 'ask for /content')),
     ))) if $path eq '/refused';
-    if ($path eq '/shared') {
-        my $folder = bless {}, 'folder';
-        return SOAP::Data->name('result')->value([$folder, $folder]);
-    }
     my @items = map { object('folder',
         property('defaultName', 'tokenProp', 'string', $_),
         property('displaySequence', 'nonNegativeIntegerProp', 'integer', $options->{maxObjects}),
@@ -78,7 +74,8 @@ sub add {
         displaySequence => ['nonNegativeIntegerProp', 'integer'], data => ['base64BinaryMIMEProp', 'base64Binary']);
     my @items;
     for my $object (@$objects) {
-        my @properties = map { property($_, @{$kinds{$_}}, $object->{$_}{value}) } grep { $object->{$_} } sort keys %kinds;
+        my @names = grep { $object->{$_} } sort keys %kinds;
+        my @properties = map { property($_, @{$kinds{$_}}, $object->{$_}{value}) } @names;
         if (my $name = $object->{name}) {
             my @tokens = map { SOAP::Data->name('item')->attr({'xsi:type' => 'lt:multilingualToken'})->value(
                 \SOAP::Data->value(value('locale', 'string', $_->{locale}), value('value', 'string', $_->{value}))) }

@@ -16,11 +16,11 @@ $client = new SoapClient(__DIR__ . '/../content.wsdl', ['location' => $url, 'cla
 $properties = ['defaultName', 'searchPath', 'hidden', 'name'];
 
 if ($case === 'query') {
-    $found = $client->query("/content//folder[@name='Regions'] | /content//folder[@name='Regions']/report", $properties,
+    $regions = "/content//folder[@name='Regions']";
+    $found = $client->query("$regions | $regions/report", $properties,
         [(object) ['propName' => 'defaultName']], (object) ['maxObjects' => 10, 'schemaInfo' => false]);
-    expect(count($found) === 4, 'four objects, got ' . count($found));
-    expect(array_map('get_class', $found) === ['report', 'folder', 'report', 'report'] ||
-        array_count_values(array_map('get_class', $found)) === ['report' => 3, 'folder' => 1], 'a folder and its three reports');
+    $classes = array_count_values(array_map('get_class', $found));
+    expect($classes == ['folder' => 1, 'report' => 3], 'a folder and three reports, got ' . json_encode($classes));
     $names = array_map(fn ($object) => $object->defaultName->value, $found);
     expect(in_array('Ålesund & coast', $names, true), 'Ålesund & coast, got ' . implode(', ', $names));
     expect($found[0]->hidden->value === false, 'a boolean');
@@ -36,7 +36,9 @@ if ($case === 'query') {
         expect(false, 'a fault');
     } catch (SoapFault $fault) {
         expect(str_ends_with($fault->faultcode, 'Client'), "the code Client, got {$fault->faultcode}");
-        expect($fault->faultstring === 'The content manager refused the request.', "the text, got {$fault->faultstring}");
-        expect($fault->detail->exception->errorCode === 'cmNoPermission', 'the code of the detail: ' . print_r($fault->detail, true));
+        expect($fault->faultstring === 'The content manager refused the request.',
+            "the text, got {$fault->faultstring}");
+        expect($fault->detail->exception->errorCode === 'cmNoPermission',
+            'the code of the detail, got ' . json_encode($fault->detail));
     }
 }

@@ -9,19 +9,14 @@ from suds.client import Client
 from checks import expect
 
 logging.getLogger("suds").setLevel(logging.CRITICAL)
+TYPES = "{http://developer.vantor.example/schemas/tavel/3/}"
 url, case = sys.argv[1:]
 wsdl = pathlib.Path(__file__).resolve().parent.parent / "content.wsdl"
 client = Client(wsdl.as_uri(), location=url, timeout=10, cache=None)
 
 
-def array(kind, items):
-    made = client.factory.create("{http://developer.vantor.example/schemas/tavel/3/}" + kind)
-    made.item = items
-    return made
-
-
 def query(path):
-    options = client.factory.create("{http://developer.vantor.example/schemas/tavel/3/}queryOptions")
+    options = client.factory.create(TYPES + "queryOptions")
     options.maxObjects = 10
     options.schemaInfo = False
     properties = ["defaultName", "searchPath", "hidden", "name"]
@@ -44,4 +39,5 @@ else:
     except suds.WebFault as fault:
         expect(str(fault.fault.faultcode).endswith("Client"), f"the code Client, got {fault.fault.faultcode}")
         expect(fault.fault.faultstring == "The content manager refused the request.", f"the text, got {fault}")
-        expect(fault.fault.detail.exception.errorCode == "cmNoPermission", f"the code of the detail, got {fault.fault.detail}")
+        detail = fault.fault.detail
+        expect(detail.exception.errorCode == "cmNoPermission", f"the code of the detail, got {detail}")

@@ -7,6 +7,8 @@ import zeep.plugins
 
 from checks import expect
 
+SERVICE = "{http://developer.vantor.example/schemas/contentManagerService/1}"
+TYPES = "{http://developer.vantor.example/schemas/tavel/3/}"
 url, case = sys.argv[1:]
 folder = pathlib.Path(__file__).resolve().parent.parent
 
@@ -24,15 +26,13 @@ class LocalFiles(zeep.Transport):
 
 
 history = zeep.plugins.HistoryPlugin()
-client = zeep.Client(str(folder / "content.wsdl"), transport=LocalFiles(timeout=10, operation_timeout=10), plugins=[history])
-service = client.create_service("{http://developer.vantor.example/schemas/contentManagerService/1}contentManagerService", url)
-
-
-types = "{http://developer.vantor.example/schemas/tavel/3/}"
+transport = LocalFiles(timeout=10, operation_timeout=10)
+client = zeep.Client(str(folder / "content.wsdl"), transport=transport, plugins=[history])
+service = client.create_service(SERVICE + "contentManagerService", url)
 
 
 def query(path):
-    properties = client.get_type(types + "propEnumArray")(["defaultName", "searchPath", "hidden", "name"])
+    properties = client.get_type(TYPES + "propEnumArray")(["defaultName", "searchPath", "hidden", "name"])
     return service.query(path, properties, zeep.xsd.SkipValue, {"maxObjects": 10})
 
 
@@ -41,7 +41,9 @@ if case == "query":
     expect(len(found) == 3, f"three objects, got {found}")
     by_name = {each.defaultName.value: each for each in found}
     expect("Ålesund & coast" in by_name, f"Ålesund & coast among {list(by_name)}")
-    expect(by_name["South"].hidden.value is False, "a boolean")
+    south = by_name["South"]
+    expect(type(south).__name__ == "report", f"a report, got {type(south).__name__}")
+    expect(south.hidden.value is False, f"a boolean, got {south.hidden.value!r}")
 else:
     try:
         query("/content/folder[@name='Payroll']/*")
