@@ -2,7 +2,7 @@
 
 #include "Toolkit/MRLNamespaces.h"
 
-#include <xercesc/util/PlatformUtils.hpp>
+#include "HBLIDOM/detail/XmlLibrary.h"
 
 #include <string_view>
 
@@ -36,5 +36,5 @@ MRLXMLChConstants::MRLXMLChConstants()
     , m_item(u"item")
     , m_detail(u"detail")
     , m_misunderstood(u"Misunderstood") {
-    xercesc::XMLPlatformUtils::Initialize();
+    mrl::detail::startXmlLibrary();
 }
