@@ -1,5 +1,6 @@
 """From the files of a catalogue to a resolved model."""
 
+from dataclasses import replace
 from pathlib import Path
 
 from . import names, schema
@@ -7,7 +8,7 @@ from .checking import check_model
 from .primitives import ARRAY_ELEMENTS, PRIMITIVES
 from .source import CatalogueError, Place, SourceFile, check_fields
 
-_ROW = ([("name", str), ("type", str)], [("doc", str)])
+_ROW = ([("name", str), ("type", str)], [("doc", str), ("values", list)])
 
 
 def read_catalogue(root):
@@ -28,6 +29,8 @@ class _Reader:
         self.model = schema.Model()
         self.types = {}  # schema name -> Type
         self.class_rows = []  # (class, row, file, table): parents and members wait for all names
+        self.used_groups = set()
+        self.groups = {}  # name -> (row, file): members that several classes share
         self.messages = {}  # stem -> (request, reply)
         self.authorities = self._read_authorities()
 
@@ -61,12 +64,20 @@ class _Reader:
     # -- types ---------------------------------------------------------------------------------
 
     def read_types(self):
+        for source in self._files("groups"):
+            for name, row in source.data.items():
+                place = source.place(name)
+                check_fields(row, place, f"the group '{name}'", [("doc", str)],
+                             [("members", list), ("groups", list)])
+                if name in self.groups:
+                    raise CatalogueError(place, f"the group '{name}' stands in two files", "rename one of the two")
+                self.groups[name] = row, source
         for source in self._files("classes"):
             for name, row in source.data.items():
                 place = source.place(name)
                 check_fields(row, place, f"the class '{name}'",
                              optional=[("parent", str), ("abstract", bool), ("doc", str),
-                                       ("asWritten", bool), ("members", list)])
+                                       ("asWritten", bool), ("members", list), ("groups", list)])
                 self._add_class(self.model.classes, "class", name, row, source, name)
         for source in self._files("enums"):
             for name, row in source.data.items():
@@ -150,6 +161,12 @@ class _Reader:
                                           f"the class '{entry.name}'")
             if not row.get("asWritten", False):
                 self._require_order(entry)
+            if "groups" in row:
+                shared = self._shared(row["groups"], source.place(table, "groups"), f"the class '{entry.name}'")
+                entry.members = sorted(entry.members + shared, key=lambda member: member.name)
+        for name in self.groups.keys() - self.used_groups:
+            row, source = self.groups[name]
+            raise CatalogueError(source.place(name), f"no class has the group '{name}'", "remove the group")
 
     def _resolve_parent(self, entry, parent, place):
         if parent is None:
@@ -186,6 +203,21 @@ class _Reader:
         array.element = entry.cpp_name
         array.element_type, array.element_xsi_name = entry.enumerator, entry.xsi_name
 
+    def _shared(self, names_of_groups, place, owner, above=()):
+        """The members of groups, and of the groups in them."""
+        members = []
+        for name in names_of_groups:
+            if name not in self.groups or name in above:
+                problem = "has itself as a part" if name in above else "is unknown"
+                raise CatalogueError(place, f"the group '{name}' of {owner} {problem}",
+                                     "name a group of the catalogue that is not around this one")
+            self.used_groups.add(name)
+            row, source = self.groups[name]
+            whom = f"the group '{name}'"
+            members += self._members(row.get("members", []), source, name, "members", whom)
+            members += self._shared(row.get("groups", []), source.place(name, "groups"), whom, (*above, name))
+        return members
+
     def _members(self, rows, source, table, key, owner, parameter_docs=None):
         """The rows of a class, or with `parameter_docs` of a message, which has no unnamed ones and
         points to its arrays."""
@@ -201,8 +233,16 @@ class _Reader:
                                             "is no string",
                                      "only a text class has it: one row with an empty name, a string")
             doc = row.get("doc") or (parameter_docs or {}).get(row["name"], "")
-            members.append(self._member(row["name"], row["type"], doc, place, owner, in_class))
+            member = self._member(row["name"], row["type"], doc, place, owner, in_class)
+            members.append(replace(member, values=self._tokens(row.get("values", []), place, row["name"])))
         return members
+
+    @staticmethod
+    def _tokens(texts, place, name):
+        if any(not isinstance(text, str) or not text for text in texts) or len(set(texts)) < len(texts):
+            raise CatalogueError(place, f"the values of '{name}' are not texts, or one stands twice",
+                                 "values are different texts in double quotes and not empty")
+        return tuple(texts)
 
     def _member(self, name, type_name, doc, place, owner, in_class):
         if type_name in PRIMITIVES:

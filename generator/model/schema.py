@@ -30,12 +30,14 @@ class Member:
     doc: str = ""
     target: str = ""  # C++ class of an object or array
     abstract: bool = False  # the target cannot be made by a getter
+    values: tuple = ()  # the texts that services know, where these are no enumeration; nobody checks them
 
     @property
     def summary(self):
-        if self.name and self.doc:
-            return f"{self.name}: {self.doc}"
-        return self.doc or f"The value of `{self.name}`."
+        text = self.doc or f"The value of `{self.name}`."
+        if self.values:
+            text += " One of " + ", ".join(f"`{value}`" for value in self.values) + "."
+        return f"{self.name}: {text}" if self.name and self.doc else text
 
     @property
     def key(self):
