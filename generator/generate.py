@@ -3,6 +3,7 @@
 
     generate.py CATALOGUE OUTPUT                    writes the files whose text has changed
     generate.py CATALOGUE --list                    prints the names of all files
+    generate.py CATALOGUE --figures                 prints how many of everything there are
     generate.py CATALOGUE OUTPUT --part tools       what the tools know of the catalogue
     generate.py CATALOGUE OUTPUT --part reference   the reference pages
 """
@@ -13,6 +14,7 @@ from pathlib import Path
 
 sys.dont_write_bytecode = True  # the source tree stays as it is
 
+from model.figures import figures  # noqa: E402
 from model.reading import read_catalogue  # noqa: E402
 from model.source import CatalogueError  # noqa: E402
 from reference import render_reference  # noqa: E402
@@ -32,9 +34,10 @@ def main(arguments=None):
     parser.add_argument("output", type=Path, nargs="?")
     parser.add_argument("--list", action="store_true", help="print the names of the files")
     parser.add_argument("--part", choices=PARTS, default="library", help="what to render (default: library)")
+    parser.add_argument("--figures", action="store_true", help="print how many of everything there are")
     options = parser.parse_args(arguments)
-    if options.list == (options.output is not None):
-        parser.error("give an output folder or --list")
+    if [options.list, options.figures, options.output is not None].count(True) != 1:
+        parser.error("give an output folder, --list or --figures")
     try:
         model = read_catalogue(options.catalogue)
     except CatalogueError as error:
@@ -42,6 +45,9 @@ def main(arguments=None):
         return 1
     if options.list:
         print("\n".join(file_names(model)))
+        return 0
+    if options.figures:
+        print("\n".join(f"{name}: {value}" for name, value in figures(model).items()))
         return 0
     return _write(PARTS[options.part](model, options.catalogue), options.output)
 

@@ -5,6 +5,7 @@ from pathlib import Path
 
 from . import names, schema
 from .checking import check_model
+from .figures import check_figures
 from .primitives import ARRAY_ELEMENTS, PRIMITIVES
 from .source import CatalogueError, Place, SourceFile, check_fields
 
@@ -20,6 +21,7 @@ def read_catalogue(root):
     reader.read_messages()
     reader.read_services()
     check_model(reader.model)
+    check_figures(reader.model, Path(root))
     return reader.model
 
 
@@ -159,11 +161,13 @@ class _Reader:
         for entry, row, source, table, key in self.class_rows:
             entry.members = self._members(row.get("members", []), source, table, key or "members",
                                           f"the class '{entry.name}'")
-            if not row.get("asWritten", False):
-                self._require_order(entry)
-            if "groups" in row:
-                shared = self._shared(row["groups"], source.place(table, "groups"), f"the class '{entry.name}'")
-                entry.members = sorted(entry.members + shared, key=lambda member: member.name)
+            as_written = row.get("asWritten", False)
+            if not as_written:
+                self._require_order(entry.members)
+            entry.members += self._shared(row.get("groups", []), source.place(table, "groups"),
+                                          f"the class '{entry.name}'")
+            if not as_written:
+                entry.members.sort(key=lambda member: member.name)
         for name in self.groups.keys() - self.used_groups:
             row, source = self.groups[name]
             raise CatalogueError(source.place(name), f"no class has the group '{name}'", "remove the group")
@@ -214,7 +218,9 @@ class _Reader:
             self.used_groups.add(name)
             row, source = self.groups[name]
             whom = f"the group '{name}'"
-            members += self._members(row.get("members", []), source, name, "members", whom)
+            own = self._members(row.get("members", []), source, name, "members", whom)
+            self._require_order(own)
+            members += own
             members += self._shared(row.get("groups", []), source.place(name, "groups"), whom, (*above, name))
         return members
 
@@ -257,8 +263,8 @@ class _Reader:
                              getattr(entry, "abstract", False))
 
     @staticmethod
-    def _require_order(entry):
-        for before, after in zip(entry.members, entry.members[1:]):
+    def _require_order(members):
+        for before, after in zip(members, members[1:]):
             if before.name > after.name:
                 raise CatalogueError(after.place, f"'{after.name}' stands behind '{before.name}'",
                                      "members stand in alphabetic order, unless the class says "

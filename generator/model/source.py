@@ -76,7 +76,7 @@ class SourceFile:
         return Place(self.name, line)
 
 
-_TYPE_NAMES = {str: "a text", bool: "true or false", list: "a list", dict: "a table"}
+_TYPE_NAMES = {str: "a text", bool: "true or false", int: "a whole number", list: "a list", dict: "a table"}
 
 
 def check_fields(data, place, what, required=(), optional=()):
