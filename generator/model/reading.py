@@ -168,9 +168,9 @@ class _Reader:
                                           f"the class '{entry.name}'")
             if not as_written:
                 entry.members.sort(key=lambda member: member.name)
-        for name in self.groups.keys() - self.used_groups:
-            row, source = self.groups[name]
-            raise CatalogueError(source.place(name), f"no class has the group '{name}'", "remove the group")
+        for name, (_, source) in self.groups.items():
+            if name not in self.used_groups:
+                raise CatalogueError(source.place(name), f"no class has the group '{name}'", "remove the group")
 
     def _resolve_parent(self, entry, parent, place):
         if parent is None:

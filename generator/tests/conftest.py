@@ -4,6 +4,7 @@ from pathlib import Path
 import pytest
 
 GENERATOR = Path(__file__).resolve().parent.parent
+CATALOGUE = GENERATOR.parent / "catalogue"
 sys.path.insert(0, str(GENERATOR))
 sys.dont_write_bytecode = True
 
@@ -44,4 +45,4 @@ def golden():
 
 @pytest.fixture(scope="session")
 def real():
-    return read_catalogue(GENERATOR.parent / "catalogue")
+    return read_catalogue(CATALOGUE)

@@ -3,6 +3,7 @@
 import pytest
 
 from model.grouping import split
+from model.symbols import symbols
 
 
 def named(entries, name):
@@ -43,6 +44,26 @@ def test_only_levels_with_members_and_roots_answer_by_name(golden):
 
 def test_members_keep_an_order_of_their_own_when_the_class_says_so(golden):
     assert [m.name for m in named(golden.classes, "swap").members] == ["second", "first"]
+
+
+def test_a_class_takes_over_the_members_of_its_groups_in_their_order(catalogue):
+    model = catalogue({
+        "classes/c.toml": '[base]\ngroups = ["outer"]\nmembers = [\n    { name = "m", type = "int" },\n]\n',
+        "groups/g.toml": '[outer]\ndoc = "A."\ngroups = ["inner"]\nmembers = [\n    { name = "z", type = "int" },\n]\n'
+                         '[inner]\ndoc = "B."\nmembers = [\n    { name = "a", type = "int" },\n]\n'})
+    assert [m.name for m in model.classes[0].members] == ["a", "m", "z"]
+
+
+def test_the_values_of_a_text_are_documented_and_become_symbols(catalogue):
+    model = catalogue({"classes/c.toml": '[base]\nmembers = [\n    { name = "kind", type = "token", doc = "Its kind.", '
+                                         'values = ["new", "OLD"] },\n]\n'})
+    assert model.classes[0].members[0].summary == "kind: Its kind. One of `new`, `OLD`."
+    assert {"new", "OLD"} <= set(symbols(model))
+
+
+def test_symbols_begin_with_the_plain_ones_and_end_with_uris(catalogue):
+    model = catalogue({"enums/e.toml": '[kindEnum]\nvalues = ["b", "PDF", "a"]\n[linkEnum]\nuri = true\nvalues = ["x"]\n'})
+    assert symbols(model) == ["a", "b", "base", "kindEnum", "name", "PDF", "http://dev/vrok/constants/linkEnum#x"]
 
 
 @pytest.mark.parametrize("name, kind, element_type, xsi_name", [

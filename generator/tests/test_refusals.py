@@ -77,6 +77,19 @@ REFUSED = {
         ("enums/e.toml", '+[otherEnum]\nvalues = ["a-b", "a_b"]\n', "enums/e.toml:3", "'a-b' and 'a_b'", "rename"),
     "a value that is no text":
         ("enums/e.toml", "+[otherEnum]\nvalues = [1]\n", "enums/e.toml:4", "1 of 'otherEnum' is no text", "quotes"),
+    "an unknown group":
+        ("classes/c.toml", '+[other]\ngroups = ["shared"]\n', "classes/c.toml:6", "the group 'shared' of the class "
+         "'other' is unknown", "name a group"),
+    "a group that no class has":
+        ("groups/g.toml", '# Nothing.\n[a]\ndoc = "A."\n', "groups/g.toml:2", "no class has the group 'a'", "remove"),
+    "a value of a member twice":
+        ("classes/c.toml", '+[other]\nmembers = [\n    { name = "a", type = "token", values = ["x", "x"] },\n]\n',
+         "classes/c.toml:7", "the values of 'a'", "different texts"),
+    "a figure that nobody counts":
+        ("figures.toml", '"doors" = { is = 1 }\n', "figures.toml:1", "no figure 'doors'", "--figures"),
+    "a figure of another type":
+        ("figures.toml", '"types" = { is = "2" }\n', "figures.toml:1", "'is' of the figure 'types' is '2'",
+         "a whole number"),
     "an array of an unknown type":
         ("arrays.toml", 'xArray = "base"\nyArray = "x"\n', "arrays.toml:2", "'x' of 'yArray' is unknown", "name a"),
     "a parameter twice":
@@ -109,6 +122,29 @@ def test_refuses_with_place_and_remedy(catalogue, file, text, place, problem, re
     assert str(caught.value.place) == place
     assert problem in caught.value.problem
     assert remedy in str(caught.value).partition("remedy: ")[2]
+
+
+@pytest.mark.parametrize("groups, place, problem", [
+    ('[a]\ndoc = "A."\ngroups = ["b"]\n[b]\ndoc = "B."\ngroups = ["a"]\n', "groups/g.toml:6",
+     "the group 'a' of the group 'b' has itself as a part"),
+    ('[a]\ndoc = "A."\n' + members(("y", "int"), ("x", "int")), "groups/g.toml:5", "'x' stands behind 'y'"),
+    ('[a]\ndoc = "A."\n' + members(("name", "int")), "groups/g.toml:4", "'name' of 'other' stands already in 'base'"),
+])
+def test_refuses_a_group_that_a_class_cannot_take_over(catalogue, groups, place, problem):
+    with pytest.raises(CatalogueError) as caught:
+        catalogue({"classes/c.toml": '+[other]\nparent = "base"\ngroups = ["a"]\n', "groups/g.toml": groups})
+    assert str(caught.value.place) == place and problem in caught.value.problem.replace("the ancestor ", "")
+
+
+def test_all_figures_that_are_off_are_told_with_what_they_count(catalogue):
+    table = ('"types" = { is = 2 }\n"classes" = { is = 2, of = "all of them" }\n"string members" = { is = 1 }\n'
+             '"first symbol" = { is = "b" }\n')
+    with pytest.raises(CatalogueError) as caught:
+        catalogue({"figures.toml": table})
+    assert str(caught.value).splitlines()[:3] == [
+        "figures.toml:2: figures that are off: 2",
+        "    2: classes: wanted 2, found 1; it counts all of them",
+        "    4: first symbol: wanted b, found a"]
 
 
 def test_takes_the_catalogue_that_the_rows_are_added_to(catalogue):
