@@ -86,9 +86,9 @@ REFUSED = {
         ("classes/c.toml", '+[other]\nmembers = [\n    { name = "a", type = "token", values = ["x", "x"] },\n]\n',
          "classes/c.toml:7", "the values of 'a'", "different texts"),
     "a figure that nobody counts":
-        ("figures.toml", '"doors" = { is = 1 }\n', "figures.toml:1", "no figure 'doors'", "--figures"),
+        ("figures.toml", "[figures]\ndoors = { is = 1 }\n", "figures.toml:2", "no figure 'doors'", "--figures"),
     "a figure of another type":
-        ("figures.toml", '"types" = { is = "2" }\n', "figures.toml:1", "'is' of the figure 'types' is '2'",
+        ("figures.toml", '[figures]\ntypes = { is = "2" }\n', "figures.toml:2", "'is' of the figure 'types' is '2'",
          "a whole number"),
     "an array of an unknown type":
         ("arrays.toml", 'xArray = "base"\nyArray = "x"\n', "arrays.toml:2", "'x' of 'yArray' is unknown", "name a"),
@@ -137,14 +137,15 @@ def test_refuses_a_group_that_a_class_cannot_take_over(catalogue, groups, place,
 
 
 def test_all_figures_that_are_off_are_told_with_what_they_count(catalogue):
-    table = ('"types" = { is = 2 }\n"classes" = { is = 2, of = "all of them" }\n"string members" = { is = 1 }\n'
-             '"first symbol" = { is = "b" }\n')
+    table = ('[figures]\ntypes = { is = 2 }\nclasses = { is = 2, of = "all of them" }\nstringMembers = { is = 1 }\n'
+             'firstSymbol = { is = "b" }\n[values]\nkindEnum = { is = 1 }\n')
     with pytest.raises(CatalogueError) as caught:
         catalogue({"figures.toml": table})
-    assert str(caught.value).splitlines()[:3] == [
-        "figures.toml:2: figures that are off: 2",
-        "    2: classes: wanted 2, found 1; it counts all of them",
-        "    4: first symbol: wanted b, found a"]
+    assert str(caught.value).splitlines()[:4] == [
+        "figures.toml:3: figures that are off: 3",
+        "    3: classes: wanted 2, found 1; it counts all of them",
+        "    5: firstSymbol: wanted b, found a",
+        "    7: kindEnum: wanted 1, found 2"]
 
 
 def test_takes_the_catalogue_that_the_rows_are_added_to(catalogue):
