@@ -75,7 +75,6 @@ def test_help_tells_the_exit_codes(arguments):
     assert "Exit codes: 0" in answer(*arguments)
 
 
-@pytest.mark.xfail(reason="the members of the classes are being completed")
 def test_the_library_holds_what_it_should():
     result = mrl("catalogue", "--counts")
     figures = dict(line.split(": ") for line in result.stdout.splitlines())
