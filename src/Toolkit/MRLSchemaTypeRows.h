@@ -1,6 +1,7 @@
 #pragma once
 
 #include "I18NRes/CrcBuckets.h"
+#include "Toolkit/MRLMemberValues.h"
 #include "Toolkit/MRLSchemaTypeI.h"
 
 #include <cstddef>
@@ -18,6 +19,7 @@ struct SchemaTypeRow {
     MRLSchemaTypeI* (*copy)(const MRLSchemaTypeI&, MRLObjectRegistryI&); // null for an abstract type
     const char* elementXsiName;                                          // of an array; else null
     bool isArrayOfClass;                                                 // an array, not of primitives
+    bool (*readMembers)(MRLSchemaTypeI&, void**);                        // of a concrete class; else null
 };
 
 inline constexpr unsigned schemaTypeBucketBits = 11;
@@ -41,6 +43,9 @@ struct SchemaTypeTable {
 
 /// Defined by the generated source; a constant.
 extern const SchemaTypeTable g_schemaTypes;
+
+/// The row of any type, generated or not; null when there is none.
+const SchemaTypeRow* findSchemaType(MRLSchemaTypeI::ObjectType type);
 
 /// @throws HBLAssertError, "HBL_ASSERT(obj.isa(MRLSchemaTypeI::e<class>));", when it is not.
 void requireIsa(const MRLSchemaTypeI& obj, MRLSchemaTypeI::ObjectType type, const char* className);

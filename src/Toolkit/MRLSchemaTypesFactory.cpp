@@ -16,6 +16,7 @@
 #include <memory>
 #include <string_view>
 
+using mrl::detail::findSchemaType;
 using mrl::detail::SchemaTypeRow;
 using ObjectType = MRLSchemaTypeI::ObjectType;
 
@@ -28,34 +29,29 @@ constexpr std::string_view xsPrefix = "xs:";
 // which carry their class names and have neither a copier nor a way back from the name.
 constexpr std::array<SchemaTypeRow, 15> smallTypes{{
     {MRLSchemaTypeI::e_Unknown, "MRLUnknownSchemaType", mrl::detail::createSchemaType<MRLUnknownSchemaType>,
-     nullptr, nullptr, false},
-    {MRLSchemaTypeI::eString, "xs:string", nullptr, nullptr, nullptr, false},
-    {MRLSchemaTypeI::eInt, "xs:int", nullptr, nullptr, nullptr, false},
-    {MRLSchemaTypeI::eInteger, "xs:integer", nullptr, nullptr, nullptr, false},
-    {MRLSchemaTypeI::eDecimal, "xs:decimal", nullptr, nullptr, nullptr, false},
-    {MRLSchemaTypeI::eTime, "xs:time", nullptr, nullptr, nullptr, false},
-    {MRLSchemaTypeI::eDateTime, "xs:dateTime", nullptr, nullptr, nullptr, false},
-    {MRLSchemaTypeI::eBoolean, "xs:boolean", nullptr, nullptr, nullptr, false},
-    {MRLSchemaTypeI::eBase64Binary, "xs:base64Binary", nullptr, nullptr, nullptr, false},
-    {MRLSchemaTypeI::eFloat, "xs:float", nullptr, nullptr, nullptr, false},
-    {MRLSchemaTypeI::eQName, "xs:QName", nullptr, nullptr, nullptr, false},
-    {MRLSchemaTypeI::eAnyType, "xs:anyType", nullptr, nullptr, nullptr, false},
+     nullptr, nullptr, false, nullptr},
+    {MRLSchemaTypeI::eString, "xs:string", nullptr, nullptr, nullptr, false, nullptr},
+    {MRLSchemaTypeI::eInt, "xs:int", nullptr, nullptr, nullptr, false, nullptr},
+    {MRLSchemaTypeI::eInteger, "xs:integer", nullptr, nullptr, nullptr, false, nullptr},
+    {MRLSchemaTypeI::eDecimal, "xs:decimal", nullptr, nullptr, nullptr, false, nullptr},
+    {MRLSchemaTypeI::eTime, "xs:time", nullptr, nullptr, nullptr, false, nullptr},
+    {MRLSchemaTypeI::eDateTime, "xs:dateTime", nullptr, nullptr, nullptr, false, nullptr},
+    {MRLSchemaTypeI::eBoolean, "xs:boolean", nullptr, nullptr, nullptr, false, nullptr},
+    {MRLSchemaTypeI::eBase64Binary, "xs:base64Binary", nullptr, nullptr, nullptr, false, nullptr},
+    {MRLSchemaTypeI::eFloat, "xs:float", nullptr, nullptr, nullptr, false, nullptr},
+    {MRLSchemaTypeI::eQName, "xs:QName", nullptr, nullptr, nullptr, false, nullptr},
+    {MRLSchemaTypeI::eAnyType, "xs:anyType", nullptr, nullptr, nullptr, false, nullptr},
     {MRLSchemaTypeI::eMRLUndocumentedFaultDetail, "MRLUndocumentedFaultDetail",
-     mrl::detail::createSchemaType<MRLUndocumentedFaultDetail>, nullptr, nullptr, false},
+     mrl::detail::createSchemaType<MRLUndocumentedFaultDetail>, nullptr, nullptr, false, nullptr},
     {MRLSchemaTypeI::eMRLUndocumentedFaultDetailArray, "MRLUndocumentedFaultDetailArray",
-     mrl::detail::createSchemaType<MRLUndocumentedFaultDetailArray>, nullptr, nullptr, false},
+     mrl::detail::createSchemaType<MRLUndocumentedFaultDetailArray>, nullptr, nullptr, false, nullptr},
     {MRLSchemaTypeI::eMRLSOAPFault, "MRLSOAPFault", mrl::detail::createSchemaType<MRLSOAPFault>, nullptr,
-     nullptr, false},
+     nullptr, false, nullptr},
 }};
 
 const SchemaTypeRow* findGenerated(std::uint32_t crc) {
     const mrl::detail::SchemaTypeTable& table = mrl::detail::g_schemaTypes;
     return mrl::detail::findByCrc(table.rows, *table.buckets, crc, mrl::detail::schemaTypeKey);
-}
-
-const SchemaTypeRow* findType(ObjectType type) {
-    const auto number = static_cast<std::uint32_t>(type);
-    return number < smallTypes.size() ? &smallTypes[number] : findGenerated(number);
 }
 
 // The row of a schema name, which need not be terminated.
@@ -115,6 +111,11 @@ const SchemaTypeRow* findArrayOf(std::string_view element) {
 
 namespace mrl::detail {
 
+const SchemaTypeRow* findSchemaType(ObjectType type) {
+    const auto number = static_cast<std::uint32_t>(type);
+    return number < smallTypes.size() ? &smallTypes[number] : findGenerated(number);
+}
+
 void requireIsa(const MRLSchemaTypeI& obj, ObjectType type, const char* className) {
     if (obj.isa(type) == 0)
         hblAssertFailed(std::string("HBL_ASSERT(obj.isa(MRLSchemaTypeI::e") + className + "));", HBL_HERE,
@@ -131,14 +132,14 @@ MRLSchemaTypesFactory& MRLSchemaTypesFactory::getInstance() {
 MRLSchemaTypesFactory::~MRLSchemaTypesFactory() = default;
 
 MRLSchemaTypeI* MRLSchemaTypesFactory::create(ObjectType type) {
-    const SchemaTypeRow* const row = findType(type);
+    const SchemaTypeRow* const row = findSchemaType(type);
     if (row == nullptr || row->create == nullptr)
         notCreatable(row, "MRLSchemaTypesFactory::create()");
     return hblRethrowing("MRLSchemaTypesFactory::create()", row->create);
 }
 
 MRLSchemaTypeI& MRLSchemaTypesFactory::createCopy(const MRLSchemaTypeI& obj, MRLObjectRegistryI& registry) {
-    const SchemaTypeRow* const row = findType(obj.getObjectType());
+    const SchemaTypeRow* const row = findSchemaType(obj.getObjectType());
     if (row == nullptr || row->copy == nullptr)
         notCreatable(row, "MRLSchemaTypesFactory::createCopy()");
     std::unique_ptr<MRLSchemaTypeI> copy(
@@ -156,7 +157,7 @@ const char* MRLSchemaTypesFactory::objectTypeToXSIType(ObjectType objType) {
 }
 
 const char* MRLSchemaTypesFactory::objectTypeToXSITypeImpl(ObjectType type) {
-    const SchemaTypeRow* const row = findType(type);
+    const SchemaTypeRow* const row = findSchemaType(type);
     return row != nullptr ? row->xsiName : nullptr;
 }
 
@@ -187,7 +188,7 @@ ObjectType MRLSchemaTypesFactory::arrayTypeToObjectType(const char16_t* arrayTyp
 void MRLSchemaTypesFactory::objectTypeToArrayType(ObjectType objType, MRLSchemaTypeArrayI* array,
                                                   std::string& out) {
     HBL_ASSERT(objType != MRLSchemaTypeI::e_Unknown);
-    const SchemaTypeRow* const row = findType(objType);
+    const SchemaTypeRow* const row = findSchemaType(objType);
     if (row == nullptr || row->elementXsiName == nullptr)
         HBL_ASSERT_NAMED(FALSE, "MRLSchemaTypesFactory::objectTypeToArrayType(): unknown object type.");
     out = row->elementXsiName;
@@ -198,7 +199,7 @@ void MRLSchemaTypesFactory::objectTypeToArrayType(ObjectType objType, MRLSchemaT
 }
 
 int MRLSchemaTypesFactory::isArrayType(ObjectType type) {
-    const SchemaTypeRow* const row = findType(type);
+    const SchemaTypeRow* const row = findSchemaType(type);
     return row != nullptr && row->elementXsiName != nullptr ? 1 : 0;
 }
 

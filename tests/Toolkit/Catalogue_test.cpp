@@ -78,6 +78,12 @@ TEST_F(Catalogue, EveryChildOfEveryClassIsSetReadAndCopiedByItsName) {
             if (HasFatalFailure())
                 return;
         }
+        if (row.readMembers != nullptr) {
+            std::vector<void*> members(names.size());
+            EXPECT_TRUE(row.readMembers(object, members.data()));
+            for (std::size_t i = 0; i < names.size(); ++i)
+                EXPECT_EQ(members[i], object.getChildObject(names[i], 0)) << names[i];
+        }
         const MRLSchemaTypeI& copy = schemaTypesFactory().createCopy(object, values.registry());
         for (const char* name : names) {
             const void* mine = object.getChildObject(name, 0);

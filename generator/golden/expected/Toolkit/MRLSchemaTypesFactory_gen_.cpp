@@ -32,18 +32,23 @@ namespace mrl::detail {
 extern template MRLSchemaTypeI* createSchemaType<MRLBox>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLBox>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLBox>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLLabel>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLLabel>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLLabel>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLPartArrayProp>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLPartArrayProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLPartArrayProp>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLSchemaInfo>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLSchemaInfo>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLSchemaInfo>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLSwap>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLSwap>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLSwap>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLPartArray>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLPartArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
@@ -53,39 +58,48 @@ copySchemaType<MRLIntArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 extern template MRLSchemaTypeI* createSchemaType<MRLPart>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLPart>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLPart>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLBareGadget>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLBareGadget>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLBareGadget>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLDecimalProp>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLDecimalProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLDecimalProp>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLBooleanProp>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLBooleanProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLBooleanProp>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLThingArray>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLThingArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 extern template MRLSchemaTypeI* createSchemaType<MRLThingProp>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLThingProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLThingProp>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLMarker>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLMarker>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLMarker>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLRefProp>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLRefProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLRefProp>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLStringArray>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLStringArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 extern template MRLSchemaTypeI* createSchemaType<MRLStringProp>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLStringProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLStringProp>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLShapeEnumArray>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLShapeEnumArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 extern template MRLSchemaTypeI* createSchemaType<MRLGadget>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLGadget>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLGadget>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLShapeEnum>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLShapeEnum>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
@@ -99,72 +113,72 @@ copySchemaType<MRLDateTimeArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 static constexpr SchemaTypeRow g_schemaTypeRows[] = {
     {MRLSchemaTypeI::eMRLBox, "bus:box",
      &createSchemaType<MRLBox>, &copySchemaType<MRLBox>,
-     nullptr, false},
+     nullptr, false, &readMembers<MRLBox>},
     {MRLSchemaTypeI::eMRLLabel, "bus:label",
      &createSchemaType<MRLLabel>, &copySchemaType<MRLLabel>,
-     nullptr, false},
+     nullptr, false, &readMembers<MRLLabel>},
     {MRLSchemaTypeI::eMRLPartArrayProp, "bus:partArrayProp",
      &createSchemaType<MRLPartArrayProp>, &copySchemaType<MRLPartArrayProp>,
-     nullptr, false},
+     nullptr, false, &readMembers<MRLPartArrayProp>},
     {MRLSchemaTypeI::eMRLSchemaInfo, "bus:schemaInfo",
      &createSchemaType<MRLSchemaInfo>, &copySchemaType<MRLSchemaInfo>,
-     nullptr, false},
+     nullptr, false, &readMembers<MRLSchemaInfo>},
     {MRLSchemaTypeI::eMRLSwap, "bus:swap",
      &createSchemaType<MRLSwap>, &copySchemaType<MRLSwap>,
-     nullptr, false},
-    {MRLSchemaTypeI::eMRLBaseProp, "bus:baseProp", nullptr, nullptr, nullptr, false},
+     nullptr, false, &readMembers<MRLSwap>},
+    {MRLSchemaTypeI::eMRLBaseProp, "bus:baseProp", nullptr, nullptr, nullptr, false, nullptr},
     {MRLSchemaTypeI::eMRLPartArray, "bus:partArray",
      &createSchemaType<MRLPartArray>, &copySchemaType<MRLPartArray>,
-     "bus:part", true},
+     "bus:part", true, nullptr},
     {MRLSchemaTypeI::eMRLIntArray, "bus:intArray",
      &createSchemaType<MRLIntArray>, &copySchemaType<MRLIntArray>,
-     "xs:int", false},
+     "xs:int", false, nullptr},
     {MRLSchemaTypeI::eMRLPart, "bus:part",
      &createSchemaType<MRLPart>, &copySchemaType<MRLPart>,
-     nullptr, false},
+     nullptr, false, &readMembers<MRLPart>},
     {MRLSchemaTypeI::eMRLBareGadget, "bus:bareGadget",
      &createSchemaType<MRLBareGadget>, &copySchemaType<MRLBareGadget>,
-     nullptr, false},
+     nullptr, false, &readMembers<MRLBareGadget>},
     {MRLSchemaTypeI::eMRLDecimalProp, "bus:decimalProp",
      &createSchemaType<MRLDecimalProp>, &copySchemaType<MRLDecimalProp>,
-     nullptr, false},
+     nullptr, false, &readMembers<MRLDecimalProp>},
     {MRLSchemaTypeI::eMRLBooleanProp, "bus:booleanProp",
      &createSchemaType<MRLBooleanProp>, &copySchemaType<MRLBooleanProp>,
-     nullptr, false},
-    {MRLSchemaTypeI::eMRLThing, "bus:thing", nullptr, nullptr, nullptr, false},
+     nullptr, false, &readMembers<MRLBooleanProp>},
+    {MRLSchemaTypeI::eMRLThing, "bus:thing", nullptr, nullptr, nullptr, false, nullptr},
     {MRLSchemaTypeI::eMRLThingArray, "bus:thingArray",
      &createSchemaType<MRLThingArray>, &copySchemaType<MRLThingArray>,
-     "bus:thing", true},
+     "bus:thing", true, nullptr},
     {MRLSchemaTypeI::eMRLThingProp, "bus:thingProp",
      &createSchemaType<MRLThingProp>, &copySchemaType<MRLThingProp>,
-     nullptr, false},
+     nullptr, false, &readMembers<MRLThingProp>},
     {MRLSchemaTypeI::eMRLMarker, "bus:marker",
      &createSchemaType<MRLMarker>, &copySchemaType<MRLMarker>,
-     nullptr, false},
+     nullptr, false, &readMembers<MRLMarker>},
     {MRLSchemaTypeI::eMRLRefProp, "bus:refProp",
      &createSchemaType<MRLRefProp>, &copySchemaType<MRLRefProp>,
-     nullptr, false},
+     nullptr, false, &readMembers<MRLRefProp>},
     {MRLSchemaTypeI::eMRLStringArray, "bus:stringArray",
      &createSchemaType<MRLStringArray>, &copySchemaType<MRLStringArray>,
-     "xs:string", false},
+     "xs:string", false, nullptr},
     {MRLSchemaTypeI::eMRLStringProp, "bus:stringProp",
      &createSchemaType<MRLStringProp>, &copySchemaType<MRLStringProp>,
-     nullptr, false},
+     nullptr, false, &readMembers<MRLStringProp>},
     {MRLSchemaTypeI::eMRLShapeEnumArray, "bus:shapeEnumArray",
      &createSchemaType<MRLShapeEnumArray>, &copySchemaType<MRLShapeEnumArray>,
-     "bus:shapeEnum", true},
+     "bus:shapeEnum", true, nullptr},
     {MRLSchemaTypeI::eMRLGadget, "bus:gadget",
      &createSchemaType<MRLGadget>, &copySchemaType<MRLGadget>,
-     nullptr, false},
+     nullptr, false, &readMembers<MRLGadget>},
     {MRLSchemaTypeI::eMRLShapeEnum, "bus:shapeEnum",
      &createSchemaType<MRLShapeEnum>, &copySchemaType<MRLShapeEnum>,
-     nullptr, false},
+     nullptr, false, nullptr},
     {MRLSchemaTypeI::eMRLLabelArray, "bus:labelArray",
      &createSchemaType<MRLLabelArray>, &copySchemaType<MRLLabelArray>,
-     "bus:label", true},
+     "bus:label", true, nullptr},
     {MRLSchemaTypeI::eMRLDateTimeArray, "bus:dateTimeArray",
      &createSchemaType<MRLDateTimeArray>, &copySchemaType<MRLDateTimeArray>,
-     "xs:dateTime", false},
+     "xs:dateTime", false, nullptr},
 };
 
 static constexpr SchemaTypeBuckets g_schemaTypeBuckets = schemaTypeBuckets(g_schemaTypeRows);

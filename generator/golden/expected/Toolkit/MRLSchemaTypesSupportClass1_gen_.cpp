@@ -1,6 +1,7 @@
 // Generated from the catalogue: what the runtime asks a class by name.
 #include "Toolkit/MRLSchemaTypesClass1_gen_.h"
 
+#include "Toolkit/MRLMemberValues.h"
 #include "Toolkit/MRLSchemaMembers.h"
 #include "Toolkit/MRLBareGadget.h"
 #include "Toolkit/MRLBase64Binary.h"
@@ -21,6 +22,29 @@
 #include "HBLCore/HBLFailure.h"
 
 namespace detail = mrl::detail;
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLBareGadget>(MRLBareGadget&, void**);
+template <>
+void** memberValues<MRLBox>(MRLBox&, void**);
+template <>
+void** memberValues<MRLGadget>(MRLGadget&, void**);
+template <>
+void** memberValues<MRLLabel>(MRLLabel&, void**);
+template <>
+void** memberValues<MRLMarker>(MRLMarker&, void**);
+template <>
+void** memberValues<MRLPart>(MRLPart&, void**);
+template <>
+void** memberValues<MRLSchemaInfo>(MRLSchemaInfo&, void**);
+template <>
+void** memberValues<MRLSwap>(MRLSwap&, void**);
+template <>
+void** memberValues<MRLThing>(MRLThing&, void**);
+
+} // namespace mrl::detail
 
 // -- MRLSchemaInfo ------------------------------------------------------------------------------------------
 
@@ -82,6 +106,16 @@ std::size_t MRLSchemaInfo::getChildObjectCount() const {
     return 1;
 }
 
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLSchemaInfo>(MRLSchemaInfo& object, void** values) {
+    *values++ = memberValue(object.getModifiable());
+    return values;
+}
+
+} // namespace mrl::detail
+
 // -- MRLThing -----------------------------------------------------------------------------------------------
 
 const std::string& MRLThing::getGeneratedObjectName() const {
@@ -137,6 +171,16 @@ void MRLThing::getChildObjectNames(std::vector<const char*>& names, bool reserve
 std::size_t MRLThing::getChildObjectCount() const {
     return 1;
 }
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLThing>(MRLThing& object, void** values) {
+    *values++ = memberValue(object.getName());
+    return values;
+}
+
+} // namespace mrl::detail
 
 // -- MRLGadget ----------------------------------------------------------------------------------------------
 
@@ -259,6 +303,28 @@ std::size_t MRLGadget::getChildObjectCount() const {
     return 13;
 }
 
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLGadget>(MRLGadget& object, void** values) {
+    values = memberValues<MRLThing>(object, values);
+    *values++ = memberValue(object.getActive());
+    *values++ = memberValue(object.getCount());
+    *values++ = memberValue(object.getData());
+    *values++ = memberValue(object.getFor());
+    *values++ = memberValue(object.getKeeper());
+    *values++ = memberValue(object.getPart());
+    *values++ = memberValue(object.getParts());
+    *values++ = object.getChildObject("ratio", 0);
+    *values++ = memberValue(object.getShape());
+    *values++ = memberValue(object.getSizes());
+    *values++ = memberValue(object.getTags());
+    *values++ = memberValue(object.getTotal());
+    return values;
+}
+
+} // namespace mrl::detail
+
 // -- MRLBareGadget ------------------------------------------------------------------------------------------
 
 MRLSchemaTypeI::ObjectType MRLBareGadget::getObjectType() const {
@@ -269,6 +335,15 @@ const std::string& MRLBareGadget::getGeneratedObjectName() const {
     static const std::string name = s_className;
     return name;
 }
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLBareGadget>(MRLBareGadget& object, void** values) {
+    return memberValues<MRLGadget>(object, values);
+}
+
+} // namespace mrl::detail
 
 // -- MRLPart ------------------------------------------------------------------------------------------------
 
@@ -336,6 +411,17 @@ std::size_t MRLPart::getChildObjectCount() const {
     return 2;
 }
 
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLPart>(MRLPart& object, void** values) {
+    *values++ = memberValue(object.getHeight());
+    *values++ = memberValue(object.getWidth());
+    return values;
+}
+
+} // namespace mrl::detail
+
 // -- MRLLabel -----------------------------------------------------------------------------------------------
 
 MRLSchemaTypeI::ObjectType MRLLabel::getObjectType() const {
@@ -391,6 +477,16 @@ void MRLLabel::getChildObjectNames(std::vector<const char*>& names, bool reserve
 std::size_t MRLLabel::getChildObjectCount() const {
     return 1;
 }
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLLabel>(MRLLabel& object, void** values) {
+    *values++ = memberValue(object.getValue());
+    return values;
+}
+
+} // namespace mrl::detail
 
 // -- MRLBox -------------------------------------------------------------------------------------------------
 
@@ -449,6 +545,16 @@ std::size_t MRLBox::getChildObjectCount() const {
     return 1;
 }
 
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLBox>(MRLBox& object, void** values) {
+    *values++ = memberValue(object.getThings());
+    return values;
+}
+
+} // namespace mrl::detail
+
 // -- MRLMarker ----------------------------------------------------------------------------------------------
 
 MRLSchemaTypeI::ObjectType MRLMarker::getObjectType() const {
@@ -483,6 +589,15 @@ void MRLMarker::getChildObjectNames(std::vector<const char*>& /*names*/, bool /*
 std::size_t MRLMarker::getChildObjectCount() const {
     return 0;
 }
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLMarker>(MRLMarker& /*object*/, void** values) {
+    return values;
+}
+
+} // namespace mrl::detail
 
 // -- MRLSwap ------------------------------------------------------------------------------------------------
 
@@ -549,3 +664,14 @@ void MRLSwap::getChildObjectNames(std::vector<const char*>& names, bool reserve)
 std::size_t MRLSwap::getChildObjectCount() const {
     return 2;
 }
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLSwap>(MRLSwap& object, void** values) {
+    *values++ = memberValue(object.getSecond());
+    *values++ = memberValue(object.getFirst());
+    return values;
+}
+
+} // namespace mrl::detail

@@ -1,4 +1,4 @@
-// Generated from the catalogue: how to make and copy each concrete type.
+// Generated from the catalogue: how to make and copy each concrete type, and how to read its members.
 #include "Toolkit/MRLSchemaTypeRows.h"
 
 #include "Toolkit/MRLBareGadget.h"
@@ -26,13 +26,25 @@
 
 namespace mrl::detail {
 
+template <>
+void** memberValues<MRLBareGadget>(MRLBareGadget&, void**);
+template bool readMembers<MRLBareGadget>(MRLSchemaTypeI&, void**);
+
 template MRLSchemaTypeI* createSchemaType<MRLBareGadget>();
 template MRLSchemaTypeI*
 copySchemaType<MRLBareGadget>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 
+template <>
+void** memberValues<MRLBooleanProp>(MRLBooleanProp&, void**);
+template bool readMembers<MRLBooleanProp>(MRLSchemaTypeI&, void**);
+
 template MRLSchemaTypeI* createSchemaType<MRLBooleanProp>();
 template MRLSchemaTypeI*
 copySchemaType<MRLBooleanProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template <>
+void** memberValues<MRLBox>(MRLBox&, void**);
+template bool readMembers<MRLBox>(MRLSchemaTypeI&, void**);
 
 template MRLSchemaTypeI* createSchemaType<MRLBox>();
 template MRLSchemaTypeI*
@@ -42,9 +54,17 @@ template MRLSchemaTypeI* createSchemaType<MRLDateTimeArray>();
 template MRLSchemaTypeI*
 copySchemaType<MRLDateTimeArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 
+template <>
+void** memberValues<MRLDecimalProp>(MRLDecimalProp&, void**);
+template bool readMembers<MRLDecimalProp>(MRLSchemaTypeI&, void**);
+
 template MRLSchemaTypeI* createSchemaType<MRLDecimalProp>();
 template MRLSchemaTypeI*
 copySchemaType<MRLDecimalProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template <>
+void** memberValues<MRLGadget>(MRLGadget&, void**);
+template bool readMembers<MRLGadget>(MRLSchemaTypeI&, void**);
 
 template MRLSchemaTypeI* createSchemaType<MRLGadget>();
 template MRLSchemaTypeI*
@@ -54,6 +74,10 @@ template MRLSchemaTypeI* createSchemaType<MRLIntArray>();
 template MRLSchemaTypeI*
 copySchemaType<MRLIntArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 
+template <>
+void** memberValues<MRLLabel>(MRLLabel&, void**);
+template bool readMembers<MRLLabel>(MRLSchemaTypeI&, void**);
+
 template MRLSchemaTypeI* createSchemaType<MRLLabel>();
 template MRLSchemaTypeI*
 copySchemaType<MRLLabel>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
@@ -62,9 +86,17 @@ template MRLSchemaTypeI* createSchemaType<MRLLabelArray>();
 template MRLSchemaTypeI*
 copySchemaType<MRLLabelArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 
+template <>
+void** memberValues<MRLMarker>(MRLMarker&, void**);
+template bool readMembers<MRLMarker>(MRLSchemaTypeI&, void**);
+
 template MRLSchemaTypeI* createSchemaType<MRLMarker>();
 template MRLSchemaTypeI*
 copySchemaType<MRLMarker>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template <>
+void** memberValues<MRLPart>(MRLPart&, void**);
+template bool readMembers<MRLPart>(MRLSchemaTypeI&, void**);
 
 template MRLSchemaTypeI* createSchemaType<MRLPart>();
 template MRLSchemaTypeI*
@@ -74,13 +106,25 @@ template MRLSchemaTypeI* createSchemaType<MRLPartArray>();
 template MRLSchemaTypeI*
 copySchemaType<MRLPartArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 
+template <>
+void** memberValues<MRLPartArrayProp>(MRLPartArrayProp&, void**);
+template bool readMembers<MRLPartArrayProp>(MRLSchemaTypeI&, void**);
+
 template MRLSchemaTypeI* createSchemaType<MRLPartArrayProp>();
 template MRLSchemaTypeI*
 copySchemaType<MRLPartArrayProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 
+template <>
+void** memberValues<MRLRefProp>(MRLRefProp&, void**);
+template bool readMembers<MRLRefProp>(MRLSchemaTypeI&, void**);
+
 template MRLSchemaTypeI* createSchemaType<MRLRefProp>();
 template MRLSchemaTypeI*
 copySchemaType<MRLRefProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template <>
+void** memberValues<MRLSchemaInfo>(MRLSchemaInfo&, void**);
+template bool readMembers<MRLSchemaInfo>(MRLSchemaTypeI&, void**);
 
 template MRLSchemaTypeI* createSchemaType<MRLSchemaInfo>();
 template MRLSchemaTypeI*
@@ -98,9 +142,17 @@ template MRLSchemaTypeI* createSchemaType<MRLStringArray>();
 template MRLSchemaTypeI*
 copySchemaType<MRLStringArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 
+template <>
+void** memberValues<MRLStringProp>(MRLStringProp&, void**);
+template bool readMembers<MRLStringProp>(MRLSchemaTypeI&, void**);
+
 template MRLSchemaTypeI* createSchemaType<MRLStringProp>();
 template MRLSchemaTypeI*
 copySchemaType<MRLStringProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template <>
+void** memberValues<MRLSwap>(MRLSwap&, void**);
+template bool readMembers<MRLSwap>(MRLSchemaTypeI&, void**);
 
 template MRLSchemaTypeI* createSchemaType<MRLSwap>();
 template MRLSchemaTypeI*
@@ -109,6 +161,10 @@ copySchemaType<MRLSwap>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 template MRLSchemaTypeI* createSchemaType<MRLThingArray>();
 template MRLSchemaTypeI*
 copySchemaType<MRLThingArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template <>
+void** memberValues<MRLThingProp>(MRLThingProp&, void**);
+template bool readMembers<MRLThingProp>(MRLSchemaTypeI&, void**);
 
 template MRLSchemaTypeI* createSchemaType<MRLThingProp>();
 template MRLSchemaTypeI*

@@ -1,6 +1,7 @@
 // Generated from the catalogue: what the runtime asks a class by name.
 #include "Toolkit/MRLSchemaTypesProp1_gen_.h"
 
+#include "Toolkit/MRLMemberValues.h"
 #include "Toolkit/MRLSchemaMembers.h"
 #include "Toolkit/MRLBaseProp.h"
 #include "Toolkit/MRLBooleanProp.h"
@@ -18,6 +19,25 @@
 #include "HBLCore/HBLFailure.h"
 
 namespace detail = mrl::detail;
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLBaseProp>(MRLBaseProp&, void**);
+template <>
+void** memberValues<MRLBooleanProp>(MRLBooleanProp&, void**);
+template <>
+void** memberValues<MRLDecimalProp>(MRLDecimalProp&, void**);
+template <>
+void** memberValues<MRLPartArrayProp>(MRLPartArrayProp&, void**);
+template <>
+void** memberValues<MRLRefProp>(MRLRefProp&, void**);
+template <>
+void** memberValues<MRLStringProp>(MRLStringProp&, void**);
+template <>
+void** memberValues<MRLThingProp>(MRLThingProp&, void**);
+
+} // namespace mrl::detail
 
 // -- MRLBaseProp --------------------------------------------------------------------------------------------
 
@@ -74,6 +94,16 @@ void MRLBaseProp::getChildObjectNames(std::vector<const char*>& names, bool rese
 std::size_t MRLBaseProp::getChildObjectCount() const {
     return 1;
 }
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLBaseProp>(MRLBaseProp& object, void** values) {
+    *values++ = memberValue(object.getSchemaInfo());
+    return values;
+}
+
+} // namespace mrl::detail
 
 // -- MRLRefProp ---------------------------------------------------------------------------------------------
 
@@ -140,6 +170,18 @@ std::size_t MRLRefProp::getChildObjectCount() const {
     return 3;
 }
 
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLRefProp>(MRLRefProp& object, void** values) {
+    values = memberValues<MRLBaseProp>(object, values);
+    *values++ = memberValue(object.getProperties());
+    *values++ = memberValue(object.getRefPropName());
+    return values;
+}
+
+} // namespace mrl::detail
+
 // -- MRLBooleanProp -----------------------------------------------------------------------------------------
 
 MRLSchemaTypeI::ObjectType MRLBooleanProp::getObjectType() const {
@@ -200,6 +242,17 @@ void MRLBooleanProp::getChildObjectNames(std::vector<const char*>& names, bool r
 std::size_t MRLBooleanProp::getChildObjectCount() const {
     return 2;
 }
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLBooleanProp>(MRLBooleanProp& object, void** values) {
+    values = memberValues<MRLBaseProp>(object, values);
+    *values++ = memberValue(object.getValue());
+    return values;
+}
+
+} // namespace mrl::detail
 
 // -- MRLDecimalProp -----------------------------------------------------------------------------------------
 
@@ -262,6 +315,17 @@ std::size_t MRLDecimalProp::getChildObjectCount() const {
     return 2;
 }
 
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLDecimalProp>(MRLDecimalProp& object, void** values) {
+    values = memberValues<MRLBaseProp>(object, values);
+    *values++ = object.getChildObject("value", 0);
+    return values;
+}
+
+} // namespace mrl::detail
+
 // -- MRLPartArrayProp ---------------------------------------------------------------------------------------
 
 MRLSchemaTypeI::ObjectType MRLPartArrayProp::getObjectType() const {
@@ -319,6 +383,17 @@ void MRLPartArrayProp::getChildObjectNames(std::vector<const char*>& names, bool
 std::size_t MRLPartArrayProp::getChildObjectCount() const {
     return 2;
 }
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLPartArrayProp>(MRLPartArrayProp& object, void** values) {
+    values = memberValues<MRLBaseProp>(object, values);
+    *values++ = memberValue(object.getValue());
+    return values;
+}
+
+} // namespace mrl::detail
 
 // -- MRLStringProp ------------------------------------------------------------------------------------------
 
@@ -381,6 +456,17 @@ std::size_t MRLStringProp::getChildObjectCount() const {
     return 2;
 }
 
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLStringProp>(MRLStringProp& object, void** values) {
+    values = memberValues<MRLBaseProp>(object, values);
+    *values++ = memberValue(object.getValue());
+    return values;
+}
+
+} // namespace mrl::detail
+
 // -- MRLThingProp -------------------------------------------------------------------------------------------
 
 MRLSchemaTypeI::ObjectType MRLThingProp::getObjectType() const {
@@ -441,3 +527,14 @@ void MRLThingProp::getChildObjectNames(std::vector<const char*>& names, bool res
 std::size_t MRLThingProp::getChildObjectCount() const {
     return 2;
 }
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLThingProp>(MRLThingProp& object, void** values) {
+    values = memberValues<MRLBaseProp>(object, values);
+    *values++ = memberValue(object.getValue());
+    return values;
+}
+
+} // namespace mrl::detail
