@@ -7,6 +7,7 @@
 #include "serialization/MRLSOAPFaultException.h"
 #include "serialization/MRLXMLChConstants.h"
 #include "serialization/detail/EnvelopeGuard.h"
+#include "serialization/detail/EnvelopeReader.h"
 #include "serialization/detail/GuardedInput.h"
 #include "serialization/detail/Throw.h"
 
@@ -17,23 +18,17 @@
 #include <xercesc/sax/SAXException.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/util/XMLException.hpp>
-#include <xercesc/util/XMLUni.hpp>
 
-#include <memory>
 #include <string>
 
 using mrl::detail::EnvelopeGuard;
 using mrl::detail::EnvelopeReader;
 using mrl::detail::throwFailure;
-using xercesc::XMLUni;
 
 namespace {
 
 constexpr const char* PARSE = "MRLSOAPMessageIDeserializer::parse";
 constexpr const char* PARSE_CALL = "MRLSOAPMessageIDeserializer::parse()";
-
-/// UTF-16 units of text that the parser gathers before it hands them on.
-constexpr XMLSize_t TEXT_PIECE = 64 * 1024;
 
 std::string narrowed(const XMLCh* text) {
     return I18NString(text).toUtf8();
@@ -41,23 +36,6 @@ std::string narrowed(const XMLCh* text) {
 
 [[noreturn]] void malformed(const std::string& words) {
     throwFailure(HBL_HERE, PARSE, msg::malformedXml, words);
-}
-
-/// A parser without validation that never looks outside the document.
-std::unique_ptr<EnvelopeReader> createReader(EnvelopeGuard& guard) {
-    auto reader = std::make_unique<EnvelopeReader>();
-    reader->setContentHandler(&guard);
-    reader->setErrorHandler(&guard);
-    reader->setLexicalHandler(&guard);
-    reader->setEntityResolver(&guard);
-    reader->setFeature(XMLUni::fgXercesSchema, false);
-    reader->setFeature(XMLUni::fgSAX2CoreValidation, false);
-    reader->setFeature(XMLUni::fgSAX2CoreNameSpaces, true);
-    reader->setFeature(XMLUni::fgSAX2CoreNameSpacePrefixes, true);
-    reader->setFeature(XMLUni::fgXercesLoadExternalDTD, false);
-    reader->setFeature(XMLUni::fgXercesDisableDefaultEntityResolution, true);
-    reader->setInputBufferSize(TEXT_PIECE);
-    return reader;
 }
 
 } // namespace
@@ -124,8 +102,7 @@ void MRLSOAPMessageIDeserializer::run(PLQInputStream& stream, MRLMessageIContent
     handler.setAttachmentHandler(m_attachmentHandler);
     mrl::detail::GuardedInput input(stream, m_limits);
     EnvelopeGuard guard(handler, input, m_limits);
-    const std::unique_ptr<EnvelopeReader> reader = createReader(guard);
-    const PLQStreamInputSource source(input);
-    reader->parse(source);
+    EnvelopeReader reader;
+    reader.parse(PLQStreamInputSource(input), guard);
     input.rethrowFailure();
 }

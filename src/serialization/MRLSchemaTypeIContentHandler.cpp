@@ -1,6 +1,7 @@
 #include "serialization/MRLSchemaTypeIContentHandler.h"
 
 #include "Toolkit/MRLObjectRegistryI.h"
+#include "Toolkit/MRLSchemaTypeRows.h"
 #include "Toolkit/MRLSchemaTypesFactory.h"
 #include "Toolkit/MRLUndocumentedFaultDetail.h"
 #include "Toolkit/MRLUndocumentedFaultDetailArray.h"
@@ -12,9 +13,11 @@
 #include "HBLCore/HBLFailure.h"
 #include "HBLCore/HBLUtCrc32.h"
 
+#include <cstddef>
 #include <cstring>
 
 using mrl::detail::adopted;
+using mrl::detail::ClassPlan;
 using mrl::detail::ElementEntry;
 using mrl::detail::throwFailure;
 
@@ -44,8 +47,9 @@ MRLSchemaTypeIContentHandler::MRLSchemaTypeIContentHandler(
     for (const MRLPrefixMapping& mapping : inScopeMappings) {
         startPrefixMapping(mapping.prefix.c_str(), mapping.uri.c_str());
     }
-    const NarrowName name(*this, localname);
-    ObjectType objType = getObjectType(name.c_str(), attributes);
+    const Name& name = *nameOf(localname, m_spareName);
+    const WireAttributes wire = readAttributes(attributes);
+    ObjectType objType = getObjectType(name.text.c_str(), wire);
     if (objType == MRLSchemaTypeI::e_Unknown) {
         objType = expectedType;
     }
@@ -53,17 +57,18 @@ MRLSchemaTypeIContentHandler::MRLSchemaTypeIContentHandler(
         m_skipDepth = 1;
         return;
     }
-    if (isNil(attributes)) {
-        m_nilElementName = name.c_str();
-        m_objStack.push(name.c_str(), objType, nullptr);
+    const ElementName elementName{name.text.c_str(), false};
+    if (wire.isNil) {
+        m_nilElementName = name.text;
+        m_objStack.push(elementName, objType, nullptr);
         return;
     }
-    if (const XMLCh* const contentId = contentIdOf(attributes)) {
-        m_contentId = convert(contentId).get();
+    if (wire.contentId != nullptr) {
+        m_contentId = convert(wire.contentId).get();
     }
-    const ElementEntry& entry = pushNew(name.c_str(), objType);
+    const ElementEntry& entry = pushNew(elementName, objType);
     if (expectedType != MRLSchemaTypeI::e_Unknown) {
-        checkType(name.c_str(), entry.getParamValue(), objType, expectedType);
+        checkType(name.text.c_str(), entry.getParamValue(), objType, expectedType);
     }
     freshText();
 }
@@ -114,34 +119,54 @@ void MRLSchemaTypeIContentHandler::startElement(const XMLCh* /*uri*/, const XMLC
         return;
     }
     refuseInEmptyElement();
-    const NarrowName name(*this, localname);
-    if (isNil(attributes)) { // nothing is pushed: the element counts as absent
-        m_nilElementName = name.c_str();
+    const Name& name = *nameOf(localname, m_spareName);
+    const ElementName elementName{name.text.c_str(), &name != &m_spareName};
+    const WireAttributes wire = readAttributes(attributes);
+    if (wire.isNil) { // nothing is pushed: the element counts as absent
+        m_nilElementName = name.text;
         return;
     }
     if (!isGenerated(parent->getParamType())) {
         throwFailure(HBL_HERE, START_ELEMENT, msg::elementInSimpleValue, parent->getParamName());
     }
     HBL_ASSERT(parent->getParamValue());
-    if (parent->getParamType() == MRLSchemaTypeI::eMRLZOR &&
-        std::strcmp(name.c_str(), "ZORCredential") == 0) {
+    if (parent->getParamType() == MRLSchemaTypeI::eMRLZOR && name.text == "ZORCredential") {
         parent = &replaceByOldCredentialForm(*parent);
     }
-    const ObjectType declared = parent->object()->getChildType(name.c_str());
+    std::size_t member = ClassPlan::none;
+    ObjectType declared = MRLSchemaTypeI::e_Unknown;
+    if (parent->plan == nullptr) {
+        declared = parent->object()->getChildType(elementName.text);
+    } else if ((member = parent->plan->find(name.key)) != ClassPlan::none) {
+        declared = parent->plan->members()[member].type;
+    }
     if (declared == MRLSchemaTypeI::e_Unknown &&
-        parent->object()->getObjectType() != MRLSchemaTypeI::e_Unknown) {
+        (parent->plan != nullptr || parent->object()->getObjectType() != MRLSchemaTypeI::e_Unknown)) {
         ++m_skipDepth;
         return;
     }
-    if (const XMLCh* const contentId = contentIdOf(attributes)) {
-        m_contentId = convert(contentId).get();
+    if (wire.contentId != nullptr) {
+        m_contentId = convert(wire.contentId).get();
     }
-    const ObjectType xsiType = getObjectType(name.c_str(), attributes);
+    const ObjectType xsiType = getObjectType(elementName.text, wire);
     if (parent->isArray) {
-        startItem(*parent, name.c_str(), xsiType);
+        startItem(*parent, elementName, xsiType);
     } else {
-        startMember(*parent, name.c_str(), declared, xsiType);
+        startMember(*parent, elementName, member, declared, xsiType);
     }
+}
+
+/// The name of an element: from the map, or worked out in `spare` when the map has no room for it.
+const MRLSchemaTypeIContentHandler::Name* MRLSchemaTypeIContentHandler::nameOf(const XMLCh* localname,
+                                                                               Name& spare) {
+    const std::u16string_view text(localname);
+    if (const Name* const known = m_names.find(text)) {
+        return known;
+    }
+    spare.text = convert(localname).get();
+    spare.key = HBLUtCrc32::crc32(spare.text.c_str(), 0u);
+    const Name* const added = m_names.add(text, spare);
+    return added != nullptr ? added : &spare;
 }
 
 void MRLSchemaTypeIContentHandler::refuseInEmptyElement() {
@@ -154,46 +179,63 @@ void MRLSchemaTypeIContentHandler::refuseInEmptyElement() {
     }
 }
 
-void MRLSchemaTypeIContentHandler::startMember(ElementEntry& parent, const char* name, ObjectType declared,
-                                               ObjectType xsiType) {
+void MRLSchemaTypeIContentHandler::startMember(ElementEntry& parent, const ElementName& name,
+                                               std::size_t member, ObjectType declared, ObjectType xsiType) {
     MRLSchemaTypeI& object = *parent.object();
-    const bool isArrayMember = isArrayType(declared);
-    if (object.getChildObject(name, 0) != nullptr && !isArrayMember) {
-        throwFailure(HBL_HERE, START_ELEMENT, msg::repeatedMember, parent.nameText(), name);
+    const bool isArrayMember =
+        parent.plan != nullptr ? parent.plan->members()[member].isArray : isArrayType(declared);
+    if (!isArrayMember && isRepeated(parent, name.text, member)) {
+        throwFailure(HBL_HERE, START_ELEMENT, msg::repeatedMember, parent.nameText(), name.text);
     }
+    // A known class makes arrays and numbers here, and nothing else.
+    const bool mayBeInPlace = parent.plan == nullptr || isArrayMember ||
+                              !(isGenerated(declared) || MRLSchemaTypesFactory::isString(declared) != 0 ||
+                                declared == MRLSchemaTypeI::eBase64Binary);
     if (isArrayMember && parent.getParamType() == MRLSchemaTypeI::eMRLUndocumentedFaultDetail) {
         // Services that write this form repeat the element for each message, without an array around.
         declared = MRLSchemaTypeI::eMRLMessage;
-    } else if (void* const place = object.getChildObject(name, 1)) {
+    } else if (void* const place = mayBeInPlace ? object.getChildObject(name.text, 1) : nullptr) {
         ElementEntry& entry = m_objStack.push(name, declared, place);
         entry.isArray = isArrayMember;
+        entry.takesText = !isArrayMember;
         entry.isInPlace = true;
         return freshText();
     }
     const ObjectType type = xsiType != MRLSchemaTypeI::e_Unknown ? xsiType : declared;
     const ElementEntry& entry = pushNew(name, type);
     if (xsiType != MRLSchemaTypeI::e_Unknown) {
-        checkType(name, entry.getParamValue(), type, declared);
+        checkType(name.text, entry.getParamValue(), type, declared);
     }
     if (isGenerated(type)) {
-        object.setChildObject(name, entry.getParamValue(), type, nullptr);
+        object.setChildObject(name.text, entry.getParamValue(), type, nullptr);
     }
     freshText();
 }
 
-void MRLSchemaTypeIContentHandler::startItem(ElementEntry& parent, const char* name, ObjectType xsiType) {
+/// Whether the object has the member already, and notes that it has it from now on.
+bool MRLSchemaTypeIContentHandler::isRepeated(ElementEntry& parent, const char* name, std::size_t member) {
+    if (parent.plan == nullptr) {
+        return parent.object()->getChildObject(name, 0) != nullptr;
+    }
+    const bool isSet = parent.seen[member]; // the object was made here, and has nothing but what was read
+    parent.seen[member] = true;
+    return isSet;
+}
+
+void MRLSchemaTypeIContentHandler::startItem(ElementEntry& parent, const ElementName& name,
+                                             ObjectType xsiType) {
     const bool isFaultDetail = parent.getParamType() == MRLSchemaTypeI::eMRLFaultDetailArray ||
                                parent.getParamType() == MRLSchemaTypeI::eMRLUndocumentedFaultDetailArray;
     if (isFaultDetail && xsiType != MRLSchemaTypeI::eMRLFaultDetail) {
         return startUndocumentedDetail(parent);
     }
     MRLSchemaTypeI& array = *parent.object();
-    const ObjectType declared = array.getChildType(name);
+    const ObjectType declared = array.getChildType(name.text);
     const ObjectType type = xsiType != MRLSchemaTypeI::e_Unknown ? xsiType : declared;
     const ElementEntry& entry = pushNew(name, type);
     checkItem(entry.getParamValue(), type, declared);
     if (isGenerated(type)) { // all other values are complete only at their end
-        array.setChildObject(name, entry.getParamValue(), type, nullptr);
+        array.setChildObject(name.text, entry.getParamValue(), type, nullptr);
     }
     freshText();
 }
@@ -204,13 +246,14 @@ void MRLSchemaTypeIContentHandler::startUndocumentedDetail(ElementEntry& array) 
     if (array.getParamType() == MRLSchemaTypeI::eMRLFaultDetailArray) {
         auto* const details = adopted(*m_objectRegistry, hblNew<MRLUndocumentedFaultDetailArray>(HBL_HERE));
         const std::string name = array.nameText();
-        m_objStack.replaceBack(name.c_str(), MRLSchemaTypeI::eMRLUndocumentedFaultDetailArray, details);
+        m_objStack.replaceBack({name.c_str(), false}, MRLSchemaTypeI::eMRLUndocumentedFaultDetailArray,
+                               details);
         m_objStack.back()->isArray = true;
     }
     HBL_ASSERT(m_objStack.front()->getParamType() == MRLSchemaTypeI::eMRLUndocumentedFaultDetailArray);
     auto* const detail = adopted(*m_objectRegistry, hblNew<MRLUndocumentedFaultDetail>(HBL_HERE));
     static_cast<MRLUndocumentedFaultDetailArray*>(m_objStack.back()->object())->push_back(detail);
-    m_objStack.push(nullptr, MRLSchemaTypeI::eMRLUndocumentedFaultDetail, detail);
+    m_objStack.push({nullptr, true}, MRLSchemaTypeI::eMRLUndocumentedFaultDetail, detail);
 }
 
 /// A credential in the old form survives as a raw text, on a copy of the block that has room for it.
@@ -219,13 +262,19 @@ ElementEntry& MRLSchemaTypeIContentHandler::replaceByOldCredentialForm(ElementEn
     auto* const copy =
         adopted(*m_objectRegistry, hblNew<MRLZOR_Unsupported>(HBL_HERE, old, *m_objectRegistry));
     m_credentialSeen = true;
-    return m_objStack.replaceBack("ZOR", MRLSchemaTypeI::eMRLZOR_Unsupported, copy);
+    return m_objStack.replaceBack({"ZOR", true}, MRLSchemaTypeI::eMRLZOR_Unsupported, copy);
 }
 
-ElementEntry& MRLSchemaTypeIContentHandler::pushNew(const char* name, ObjectType type) {
+ElementEntry& MRLSchemaTypeIContentHandler::pushNew(const ElementName& name, ObjectType type) {
     void* const value = newValue(type);
     ElementEntry& entry = m_objStack.push(name, type, value);
-    entry.isArray = isGenerated(type) && isArrayType(type);
+    if (isGenerated(type)) {
+        entry.isArray = isArrayType(type);
+        const mrl::detail::SchemaTypeRow* const row = mrl::detail::findSchemaType(type);
+        entry.plan = row != nullptr ? ClassPlan::of(*row) : nullptr;
+        entry.seen.reset();
+        entry.takesText = !entry.isArray && (entry.plan == nullptr || entry.plan->hasOwnText());
+    }
     return entry;
 }
 
@@ -249,21 +298,28 @@ void MRLSchemaTypeIContentHandler::characters(const XMLCh* chars, XMLSize_t leng
         HBL_ASSERT(m_objStack.size() > 0);
         throwFailure(HBL_HERE, CHARACTERS, msg::textInReference, m_objStack.back()->nameText(), *m_contentId);
     }
-    if (!m_currentText || length == 0) {
+    if (!m_currentText || length == 0 || (!m_objStack.empty() && !m_objStack.back()->takesText)) {
         return;
     }
     std::u16string_view text(chars, length);
     const auto append = [this](std::u16string_view piece) {
         const std::size_t before = m_currentText->pcount();
-        const std::size_t added = mrl::detail::utf8Length(piece);
-        m_currentText->reserve(added);
-        mrl::detail::toUtf8(piece, m_currentText->str() + before);
-        m_currentText->setLength(before + added);
+        const std::size_t plain = mrl::detail::asciiUnits(piece);
+        const std::size_t others = plain == piece.size() ? 0 : mrl::detail::utf8Length(piece.substr(plain));
+        m_currentText->reserve(plain + others);
+        char* const out = m_currentText->str() + before;
+        for (std::size_t i = 0; i < plain; ++i) {
+            out[i] = static_cast<char>(piece[i]);
+        }
+        if (others != 0) {
+            mrl::detail::toUtf8(piece.substr(plain), out + plain);
+        }
+        m_currentText->setLength(before + plain + others);
     };
     if (m_halfPair != 0) {
-        const char16_t pair[2] = {m_halfPair, text.front()};
+        const std::u16string pair{m_halfPair, text.front()};
         m_halfPair = 0;
-        append({pair, 2});
+        append(pair);
         text.remove_prefix(1);
     }
     if (!text.empty() && mrl::detail::isLeadUnit(text.back())) {
@@ -304,9 +360,11 @@ void MRLSchemaTypeIContentHandler::startPrefixMapping(const XMLCh* prefix, const
     HBL_ASSERT(prefix);
     const std::u16string_view text(prefix);
     m_inScopePrefixesToNamespaceMappings.push_back({prefixKey(text), spaceOf(uri)});
+    m_types.clear();
 }
 
 void MRLSchemaTypeIContentHandler::endPrefixMapping(const XMLCh* /*prefix*/) {
     HBL_ASSERT(!m_inScopePrefixesToNamespaceMappings.empty());
     m_inScopePrefixesToNamespaceMappings.pop_back();
+    m_types.clear();
 }

@@ -5,6 +5,7 @@
 #include "serialization/MRLContentHandler.h"
 #include "serialization/MRLPrefixMapping.h"
 #include "serialization/detail/ElementStack.h"
+#include "serialization/detail/TextMap.h"
 
 #include <cstdint>
 #include <memory>
@@ -55,8 +56,27 @@ public:
     /// Takes the references to attachments; borrowed, null for none.
     void setAttachmentHandler(MRL_AttachmentHandler* handler) { m_attachmentHandler = handler; }
 
+    /// The source of the events keeps one copy of each namespace name for as long as the document lasts, as
+    /// the parser does, so that names once compared are known by their place.
+    void setKeepsUris() { m_keepsUris = true; }
+
 private:
     using ElementEntry = mrl::detail::ElementEntry;
+    using ElementName = mrl::detail::ElementName;
+
+    /// The name of an element as the objects know it.
+    struct Name {
+        std::string text;
+        std::uint32_t key = 0; // HBLUtCrc32
+    };
+
+    /// The attributes of an element that mean something here; null for those that it has not.
+    struct WireAttributes {
+        const XMLCh* type = nullptr;
+        const XMLCh* arrayType = nullptr;
+        const XMLCh* contentId = nullptr; // behind "cid:"
+        bool isNil = false;
+    };
 
     /// What a prefix stands for, as far as the reader cares.
     enum class Space : std::uint8_t { unknown, encoding, bus, xmlSchema };
@@ -66,25 +86,28 @@ private:
     };
 
     // Types (MRLSchemaTypeIContentHandlerTypes.cpp)
-    ObjectType getObjectType(const char* localname, const xercesc::Attributes& attributes);
+    bool isSpace(const XMLCh* uri, const std::u16string& space, const XMLCh*& known) const;
+    WireAttributes readAttributes(const xercesc::Attributes& attributes);
+    ObjectType getObjectType(const char* localname, const WireAttributes& attributes);
     ObjectType getArrayType(const char* localname, std::u16string_view type, const XMLCh* arrayType);
     std::u16string getBusXsiType(std::u16string_view arrayType, const char* localname) const;
     ObjectType getNamedType(std::u16string_view type, std::string_view prefix, const char* localname);
     Space getURIForPrefix(std::u16string_view prefix) const;
     static std::uint32_t prefixKey(std::u16string_view prefix);
     static Space spaceOf(const XMLCh* uri);
-    static bool isNil(const xercesc::Attributes& attributes);
-    static const XMLCh* contentIdOf(const xercesc::Attributes& attributes);
     static void checkType(const char* name, const void* object, ObjectType type, ObjectType expected);
     static void checkItem(const void* item, ObjectType type, ObjectType declared);
 
     // Elements
     void refuseInEmptyElement();
-    void startMember(ElementEntry& parent, const char* name, ObjectType declared, ObjectType xsiType);
-    void startItem(ElementEntry& parent, const char* name, ObjectType xsiType);
+    const Name* nameOf(const XMLCh* localname, Name& spare);
+    void startMember(ElementEntry& parent, const ElementName& name, std::size_t member, ObjectType declared,
+                     ObjectType xsiType);
+    bool isRepeated(ElementEntry& parent, const char* name, std::size_t member);
+    void startItem(ElementEntry& parent, const ElementName& name, ObjectType xsiType);
     void startUndocumentedDetail(ElementEntry& array);
     ElementEntry& replaceByOldCredentialForm(ElementEntry& block);
-    ElementEntry& pushNew(const char* name, ObjectType type);
+    ElementEntry& pushNew(const ElementName& name, ObjectType type);
     void freshText();
 
     // Values (MRLSchemaTypeIContentHandlerValues.cpp)
@@ -106,4 +129,10 @@ private:
     MRLSchemaTypeI* m_credential = nullptr; // borrowed from the registry
     std::uint32_t m_skipDepth = 0;
     std::string m_typeName; // kept for its room
+    Name m_spareName;       // of an element whose name m_names has no room for
+    mrl::detail::TextMap<Name> m_names;
+    mrl::detail::TextMap<ObjectType, 128> m_types; // as they are written, while the prefixes stand
+    bool m_keepsUris = false;
+    const XMLCh* m_instanceUri = nullptr; // where the source keeps the names of these two
+    const XMLCh* m_encodingUri = nullptr;
 };

@@ -26,35 +26,65 @@ std::string narrowed(std::u16string_view text) {
     return narrow;
 }
 
-bool isAttribute(const xercesc::Attributes& attributes, XMLSize_t index, const std::u16string& uri,
-                 const std::u16string& localName) {
-    return localName == attributes.getLocalName(index) && uri == attributes.getURI(index);
-}
-
 bool isTrue(std::u16string_view value) {
     return value == u"true";
 }
 
 } // namespace
 
-bool MRLSchemaTypeIContentHandler::isNil(const xercesc::Attributes& attributes) {
-    const MRLXMLChConstants& names = MRLXMLChConstants::getInstance();
-    for (XMLSize_t i = 0; i < attributes.getLength(); ++i) {
-        if (isAttribute(attributes, i, names.m_xmlSchemaInstanceNamespace, names.m_nil)) {
-            return isTrue(attributes.getValue(i));
-        }
+/// Compares with the name of a namespace. Where the source keeps one copy of each, a place that was equal
+/// once is equal again.
+bool MRLSchemaTypeIContentHandler::isSpace(const XMLCh* uri, const std::u16string& space,
+                                           const XMLCh*& known) const {
+    if (uri == known && m_keepsUris) {
+        return true;
     }
-    return false;
+    if (space != uri) {
+        return false;
+    }
+    known = uri;
+    return true;
 }
 
-const XMLCh* MRLSchemaTypeIContentHandler::contentIdOf(const xercesc::Attributes& attributes) {
+MRLSchemaTypeIContentHandler::WireAttributes
+MRLSchemaTypeIContentHandler::readAttributes(const xercesc::Attributes& attributes) {
     const MRLXMLChConstants& names = MRLXMLChConstants::getInstance();
-    for (XMLSize_t i = 0; i < attributes.getLength(); ++i) {
-        if (names.m_href == attributes.getLocalName(i)) {
-            return MRL_AttachmentHandler::getCid(attributes.getValue(i));
+    WireAttributes wire;
+    bool isNilKnown = false;
+    bool isHrefKnown = false;
+    const XMLSize_t count = attributes.getLength();
+    for (XMLSize_t i = 0; i < count; ++i) {
+        const XMLCh* const name = attributes.getLocalName(i);
+        switch (*name) {
+        case u't':
+            if (wire.type == nullptr && names.m_type == name &&
+                isSpace(attributes.getURI(i), names.m_xmlSchemaInstanceNamespace, m_instanceUri)) {
+                wire.type = attributes.getValue(i);
+            }
+            break;
+        case u'a':
+            if (wire.arrayType == nullptr && names.m_arrayType == name &&
+                isSpace(attributes.getURI(i), names.m_soapEncodingNamespace, m_encodingUri)) {
+                wire.arrayType = attributes.getValue(i);
+            }
+            break;
+        case u'n':
+            if (!isNilKnown && names.m_nil == name &&
+                isSpace(attributes.getURI(i), names.m_xmlSchemaInstanceNamespace, m_instanceUri)) {
+                wire.isNil = isTrue(attributes.getValue(i));
+                isNilKnown = true;
+            }
+            break;
+        case u'h':
+            if (!isHrefKnown && names.m_href == name) {
+                wire.contentId = MRL_AttachmentHandler::getCid(attributes.getValue(i));
+                isHrefKnown = true;
+            }
+            break;
+        default: break;
         }
     }
-    return nullptr;
+    return wire;
 }
 
 std::uint32_t MRLSchemaTypeIContentHandler::prefixKey(std::u16string_view prefix) {
@@ -87,22 +117,15 @@ MRLSchemaTypeIContentHandler::getURIForPrefix(std::u16string_view prefix) const 
     return Space::unknown;
 }
 
-MRLSchemaTypeI::ObjectType
-MRLSchemaTypeIContentHandler::getObjectType(const char* localname, const xercesc::Attributes& attributes) {
-    const MRLXMLChConstants& names = MRLXMLChConstants::getInstance();
-    const XMLCh* typeValue = nullptr;
-    const XMLCh* arrayType = nullptr;
-    for (XMLSize_t i = 0; i < attributes.getLength() && !(typeValue && arrayType); ++i) {
-        if (isAttribute(attributes, i, names.m_xmlSchemaInstanceNamespace, names.m_type)) {
-            typeValue = attributes.getValue(i);
-        } else if (isAttribute(attributes, i, names.m_soapEncodingNamespace, names.m_arrayType)) {
-            arrayType = attributes.getValue(i);
-        }
-    }
-    if (typeValue == nullptr) {
+MRLSchemaTypeI::ObjectType MRLSchemaTypeIContentHandler::getObjectType(const char* localname,
+                                                                       const WireAttributes& attributes) {
+    if (attributes.type == nullptr) {
         return MRLSchemaTypeI::e_Unknown;
     }
-    const std::u16string_view type(typeValue);
+    const std::u16string_view type(attributes.type);
+    if (const ObjectType* const known = m_types.find(type)) {
+        return *known;
+    }
     const std::size_t colonPos = type.find(u':');
     if (colonPos == std::u16string_view::npos) {
         return MRLSchemaTypeI::e_Unknown;
@@ -110,7 +133,7 @@ MRLSchemaTypeIContentHandler::getObjectType(const char* localname, const xercesc
     HBL_ASSERT_NAMED(type.size() < NAME_LIMIT, "The default buffer size needs to be increased.");
     HBL_ASSERT(colonPos > 0);
     switch (getURIForPrefix(type.substr(0, colonPos))) {
-    case Space::encoding: return getArrayType(localname, type, arrayType);
+    case Space::encoding: return getArrayType(localname, type, attributes.arrayType);
     case Space::bus: return getNamedType(type, "bus:", localname);
     case Space::xmlSchema: return getNamedType(type, "xs:", localname);
     case Space::unknown: break;
@@ -126,7 +149,9 @@ MRLSchemaTypeI::ObjectType MRLSchemaTypeIContentHandler::getNamedType(std::u16st
     m_typeName.resize(prefix.size() + mrl::detail::utf8Length(localPart));
     mrl::detail::toUtf8(localPart, m_typeName.data() + prefix.size());
     try {
-        return MRLSchemaTypesFactory::getInstance().xsiTypeToObjectType(m_typeName);
+        const ObjectType known = MRLSchemaTypesFactory::getInstance().xsiTypeToObjectType(m_typeName);
+        m_types.add(type, known);
+        return known;
     } catch (const HBLThrowable&) {
         throwFailure(HBL_HERE, "MRLSchemaTypeIContentHandler::getObjectType()", msg::unresolvedType,
                      narrowed(type), localname);

@@ -143,13 +143,17 @@ void MRLSchemaTypeIContentHandler::adoptText(ElementEntry& entry) {
 /// Gives the text to an object that has a text of its own. Most have none, and then the text, white
 /// space between elements, need not be kept.
 void MRLSchemaTypeIContentHandler::setOwnText(ElementEntry& entry) {
-    const ObjectType type = entry.getParamType();
-    const bool isHandWritten = type > MRLSchemaTypeI::eAnyType && type <= MRLSchemaTypeI::eMRLZOR_Unsupported;
-    MRLSchemaTypeI& object = *entry.object();
-    const bool takesText =
-        !isHandWritten && !entry.isArray && MRLSchemaTypesFactory::isString(object.getChildType("")) != 0;
-    if (!takesText && !m_contentId) {
+    if (!entry.takesText && !m_contentId) {
         return;
+    }
+    MRLSchemaTypeI& object = *entry.object();
+    if (!m_contentId && entry.plan == nullptr) {
+        const ObjectType type = entry.getParamType();
+        const bool isHandWritten =
+            type > MRLSchemaTypeI::eAnyType && type <= MRLSchemaTypeI::eMRLZOR_Unsupported;
+        if (isHandWritten || MRLSchemaTypesFactory::isString(object.getChildType("")) == 0) {
+            return;
+        }
     }
     MRL_String* const text = m_currentText.get();
     m_objectRegistry->registerPointer(text);

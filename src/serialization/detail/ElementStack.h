@@ -1,9 +1,11 @@
 #pragma once
 
 #include "Toolkit/MRLSchemaTypeI.h"
+#include "serialization/detail/ClassPlan.h"
 
 #include "HBLCore/HBLFailure.h"
 
+#include <bitset>
 #include <cstddef>
 #include <deque>
 #include <string>
@@ -16,9 +18,9 @@ public:
     using ObjectType = MRLSchemaTypeI::ObjectType;
 
     /// Null for an empty name.
-    const char* getParamName() const { return m_paramName.empty() ? nullptr : m_paramName.c_str(); }
+    const char* getParamName() const { return *m_paramName != '\0' ? m_paramName : nullptr; }
     /// Empty for an empty name.
-    const char* nameText() const { return m_paramName.c_str(); }
+    const char* nameText() const { return m_paramName; }
     ObjectType getParamType() const { return m_paramType; }
     void* getParamValue() const { return m_paramValue; }
 
@@ -32,18 +34,31 @@ public:
 
     /// The value is an array: elements inside are its items.
     bool isArray = false;
+    /// The members of the value's class; null when it has to be asked by name.
+    const ClassPlan* plan = nullptr;
+    /// The members met so far, by their place in the plan.
+    std::bitset<ClassPlan::mostMembers> seen;
+    /// The value may have a text of its own. If not, text is white space between elements.
+    bool takesText = true;
     /// The value lies in the parent itself, so that nothing is to be set at the end.
     bool isInPlace = false;
 
 private:
     friend class ElementStack;
 
-    std::string m_paramName;
+    const char* m_paramName = "";
+    std::string m_ownName; // of a name that is kept nowhere else
     ObjectType m_paramType = MRLSchemaTypeI::e_Unknown;
     void* m_paramValue = nullptr;
 };
 
-/// The open elements, innermost at the back. Keeps the room of the names, so that a document whose
+/// The name of an element: a text and whether it outlives the element.
+struct ElementName {
+    const char* text; // null for none
+    bool isKept;
+};
+
+/// The open elements, innermost at the back. Keeps the room of the entries, so that a document whose
 /// elements open and close costs no memory for them.
 class ElementStack {
 public:
@@ -56,27 +71,33 @@ public:
     /// The parent of the innermost element.
     ElementEntry* belowBack() { return &m_entries[m_size - 2]; }
 
-    /// @param name null for none.
-    ElementEntry& push(const char* name, ElementEntry::ObjectType type, void* value) {
+    ElementEntry& push(const ElementName& name, ElementEntry::ObjectType type, void* value) {
         if (m_size == m_entries.size()) {
             m_entries.emplace_back();
         }
         return fill(m_entries[m_size++], name, type, value);
     }
     /// Another type and value in the place of the innermost element's.
-    ElementEntry& replaceBack(const char* name, ElementEntry::ObjectType type, void* value) {
+    ElementEntry& replaceBack(const ElementName& name, ElementEntry::ObjectType type, void* value) {
         return fill(*back(), name, type, value);
     }
     void pop() { --m_size; }
 
 private:
-    static ElementEntry& fill(ElementEntry& entry, const char* name, ElementEntry::ObjectType type,
+    static ElementEntry& fill(ElementEntry& entry, const ElementName& name, ElementEntry::ObjectType type,
                               void* value) {
-        entry.m_paramName.assign(name == nullptr ? "" : name);
+        if (name.text == nullptr || name.isKept) {
+            entry.m_paramName = name.text == nullptr ? "" : name.text;
+        } else {
+            entry.m_ownName.assign(name.text);
+            entry.m_paramName = entry.m_ownName.c_str();
+        }
         entry.m_paramType = type;
         entry.m_paramValue = value;
         entry.isArray = false;
         entry.isInPlace = false;
+        entry.plan = nullptr;
+        entry.takesText = true;
         return entry;
     }
 

@@ -2,8 +2,10 @@
 
 #include "Toolkit/MRLBase64Binary.h"
 #include "Toolkit/MRLSchemaTypeArrayI.h"
+#include "Toolkit/MRLSchemaTypeRows.h"
 #include "Toolkit/MRLSchemaTypesFactory.h"
 #include "Toolkit/MRL_CharStreamable.h"
+#include "serialization/detail/ClassPlan.h"
 #include "serialization/detail/EnvelopeText.h"
 
 #include "HBLCore/HBLFailure.h"
@@ -33,6 +35,26 @@ void putInt(GatheringOutputStream& out, int value) {
     out.write(digits, static_cast<std::size_t>(end - digits));
 }
 
+bool isArrayRow(const SchemaTypeRow* row) {
+    return row != nullptr && row->elementXsiName != nullptr;
+}
+
+/// Whether a value of the type is written as text; the other simple types have no form on the wire.
+bool hasSimpleForm(MRLSchemaTypeI::ObjectType type) {
+    switch (type) {
+    case MRLSchemaTypeI::eString:
+    case MRLSchemaTypeI::eInt:
+    case MRLSchemaTypeI::eInteger:
+    case MRLSchemaTypeI::eDecimal:
+    case MRLSchemaTypeI::eDateTime:
+    case MRLSchemaTypeI::eBoolean:
+    case MRLSchemaTypeI::eBase64Binary:
+    case MRLSchemaTypeI::eFloat:
+    case MRLSchemaTypeI::eQName: return true;
+    default: return false;
+    }
+}
+
 /// Two decimals and a blank, whatever the locale of the host.
 void putDecimal(GatheringOutputStream& out, double value) {
     char digits[384]; // the largest double has 309 digits before the point
@@ -54,49 +76,88 @@ void ElementWriter::write(void* object, ObjectType type, const char* qName, cons
     HBL_ASSERT_NAMED(qName, "NULL qname");
     open(object, type, Name{{}, qName}, form);
     while (!m_frames.empty()) {
-        if (m_frames.back().nextName != m_frames.back().endName) {
-            writeNextChild();
-        } else {
+        Frame& frame = m_frames.back();
+        if (frame.next == frame.end) {
             closeFrame();
+        } else if (frame.plan != nullptr) {
+            writeMembers(m_frames.size());
+        } else {
+            writeNextChild();
         }
     }
 }
 
 void ElementWriter::open(void* object, ObjectType type, const Name& name, const Form& form) {
-    const bool isArray = types().isArrayType(type) != 0;
+    const SchemaTypeRow* const row = findSchemaType(type);
+    const bool isArray = isArrayRow(row);
     if (object == nullptr && !isArray && !form.forceEmpty && !m_writeNulls) {
         return;
     }
-    writeStart(object, type, name, form, isArray);
+    writeStart(object, type, row, name, form);
     if (object == nullptr) {
         m_out.put(isArray ? "/>\n" : " xsi:nil=\"true\"/>\n");
         return;
     }
-    switch (type) {
-    case MRLSchemaTypeI::eString:
-    case MRLSchemaTypeI::eInt:
-    case MRLSchemaTypeI::eInteger:
-    case MRLSchemaTypeI::eDecimal:
-    case MRLSchemaTypeI::eDateTime:
-    case MRLSchemaTypeI::eBoolean:
-    case MRLSchemaTypeI::eBase64Binary:
-    case MRLSchemaTypeI::eFloat:
-    case MRLSchemaTypeI::eQName: return writeSimple(object, type, name, form);
-    default: break;
+    if (hasSimpleForm(type)) {
+        writeSimple(object, type);
+        if (form.closeTag) {
+            putClosingTag(name);
+        }
+        return;
     }
-    const std::size_t firstName = m_names.size();
-    if (MRLSchemaTypesFactory::isGeneratedType(type) != 0) {
-        static_cast<MRLSchemaTypeI*>(object)->getChildObjectNames(m_names, true);
-        if (m_names.size() == firstName) {
-            m_out.put("/>\n");
-            return;
+    Frame frame{.object = static_cast<MRLSchemaTypeI*>(object),
+                .plan = nullptr,
+                .name = name,
+                .first = m_names.size(),
+                .next = m_names.size(),
+                .end = m_names.size(),
+                .indentLevel = form.indentLevel,
+                .isArray = isArray,
+                .isComplex = false,
+                .isTagOpen = true,
+                .closeTag = form.closeTag};
+    if (MRLSchemaTypesFactory::isGeneratedType(type) == 0) {
+        return pushFrame(frame, nullptr);
+    }
+    const ClassPlan* const plan = row != nullptr ? ClassPlan::of(*row) : nullptr;
+    const char* firstName = nullptr;
+    if (plan != nullptr) {
+        const std::size_t count = plan->members().size();
+        const std::size_t first = m_values.size();
+        m_values.resize(first + count);
+        if (row->readMembers(*frame.object, m_values.data() + first)) {
+            frame.plan = plan;
+            frame.first = frame.next = first;
+            frame.end = first + count;
+            firstName = count != 0 ? plan->members().front().name : nullptr;
+        } else {
+            m_values.resize(first);
         }
     }
-    pushFrame(object, name, form, isArray, firstName);
+    if (frame.plan == nullptr) {
+        frame.object->getChildObjectNames(m_names, true);
+        frame.end = m_names.size();
+        firstName = frame.end != frame.first ? m_names[frame.first] : nullptr;
+    }
+    if (frame.end == frame.first) {
+        m_out.put("/>\n");
+        return;
+    }
+    pushFrame(frame, firstName);
 }
 
-void ElementWriter::writeStart(void* object, ObjectType type, const Name& name, const Form& form,
-                               bool isArray) {
+/// @param firstName the first child's; null when there is none.
+void ElementWriter::pushFrame(const Frame& frame, const char* firstName) {
+    m_frames.push_back(frame);
+    if (firstName != nullptr && *firstName != '\0') {
+        m_frames.back().isComplex = true;
+        m_frames.back().isTagOpen = false;
+        m_out.put(">\n");
+    }
+}
+
+void ElementWriter::writeStart(void* object, ObjectType type, const SchemaTypeRow* row, const Name& name,
+                               const Form& form) {
     m_out.putTabs(form.indentLevel + 1);
     m_out.put('<');
     m_out.put(name.prefix);
@@ -104,7 +165,7 @@ void ElementWriter::writeStart(void* object, ObjectType type, const Name& name, 
     if (form.writeNamespaces) {
         m_out.put(text::namespaces);
     }
-    if (isArray) {
+    if (isArrayRow(row)) {
         auto* array = static_cast<MRLSchemaTypeArrayI*>(static_cast<MRLSchemaTypeI*>(object));
         types().objectTypeToArrayType(type, array, m_arrayType);
         m_out.put(R"( xsi:type="SOAP-ENC:Array" SOAP-ENC:arrayType=")");
@@ -116,70 +177,61 @@ void ElementWriter::writeStart(void* object, ObjectType type, const Name& name, 
     m_out.put('"');
 }
 
-void ElementWriter::writeSimple(void* value, ObjectType type, const Name& name, const Form& form) {
+/// What follows the type of an element with a simple value, up to its closing tag.
+void ElementWriter::writeSimple(void* value, ObjectType type) {
     const char* const characters = static_cast<const char*>(value);
     switch (type) {
     case MRLSchemaTypeI::eString:
-        if (isContentId(characters)) {
-            m_out.put(CONTENT_ID);
-            MRL_CharStreamable(characters) >> m_out;
-            m_out.put("\">");
-            break;
+        if (!putReference(characters)) {
+            m_out.put('>');
+            putEscaped(characters);
         }
-        m_out.put('>');
-        putEscaped(characters);
-        break;
+        return;
     case MRLSchemaTypeI::eDateTime:
     case MRLSchemaTypeI::eQName:
         m_out.put('>');
         putEscaped(characters);
-        break;
+        return;
     case MRLSchemaTypeI::eInt:
     case MRLSchemaTypeI::eInteger:
         m_out.put('>');
         putInt(m_out, *static_cast<const int*>(value));
-        break;
+        return;
     case MRLSchemaTypeI::eDecimal:
     case MRLSchemaTypeI::eFloat:
         m_out.put('>');
         putDecimal(m_out, *static_cast<const double*>(value));
-        break;
+        return;
     case MRLSchemaTypeI::eBoolean:
         m_out.put(*static_cast<const int*>(value) != 0 ? ">true" : ">false");
-        break;
+        return;
     default: { // eBase64Binary
         const auto& binary = *static_cast<const MRLBase64Binary*>(value);
-        if (binary.getIsContentId() != 0) {
-            m_out.put(CONTENT_ID);
-            binary.serialize(m_out);
+        const bool isReference = binary.getIsContentId() != 0;
+        m_out.put(isReference ? CONTENT_ID : std::string_view(">"));
+        binary.serialize(m_out);
+        if (isReference) {
             m_out.put("\">");
-        } else {
-            m_out.put('>');
-            binary.serialize(m_out);
         }
-        break;
+        return;
     }
-    }
-    if (form.closeTag) {
-        putClosingTag(name);
     }
 }
 
-void ElementWriter::pushFrame(void* object, const Name& name, const Form& form, bool isArray,
-                              std::size_t firstName) {
-    const bool hasNames = m_names.size() != firstName;
-    const char* const first = hasNames ? m_names[firstName] : nullptr;
-    const bool isComplex = first != nullptr && *first != '\0';
-    if (isComplex) {
-        m_out.put(">\n");
+/// Writes a text that stands for an attachment as an attribute; false, and nothing, for any other.
+bool ElementWriter::putReference(const char* text) {
+    if (!isContentId(text)) {
+        return false;
     }
-    m_frames.push_back({static_cast<MRLSchemaTypeI*>(object), name, firstName, firstName, m_names.size(),
-                        form.indentLevel, isArray, isComplex, !isComplex, form.closeTag});
+    m_out.put(CONTENT_ID);
+    MRL_CharStreamable(text) >> m_out;
+    m_out.put("\">");
+    return true;
 }
 
 void ElementWriter::writeNextChild() {
     Frame& frame = m_frames.back();
-    const char* const name = m_names[frame.nextName++];
+    const char* const name = m_names[frame.next++];
     void* const child = frame.object->getChildObject(name, 0);
     ObjectType type = frame.object->getChildType(name);
     const bool isGenerated = MRLSchemaTypesFactory::isGeneratedType(type) != 0;
@@ -194,15 +246,51 @@ void ElementWriter::writeNextChild() {
     open(child, type, qName, Form{.indentLevel = frame.indentLevel + 1}); // may move the frames
 }
 
+/// Writes the members that are left of the innermost frame, number `depth`, up to one that opens a frame
+/// of its own.
+void ElementWriter::writeMembers(std::size_t depth) {
+    const std::span<const MemberPlan> members = m_frames.back().plan->members();
+    while (m_frames.size() == depth) {
+        Frame& frame = m_frames.back();
+        if (frame.next == frame.end) {
+            return;
+        }
+        const MemberPlan& member = members[frame.next - frame.first];
+        void* const value = m_values[frame.next++];
+        if (value != nullptr || member.isArray || m_writeNulls) {
+            writeMember(member, value, frame);
+        } else if (*member.name != '\0') {
+            finishTag(frame);
+        }
+    }
+}
+
+void ElementWriter::writeMember(const MemberPlan& member, void* value, const Frame& frame) {
+    const Form form{.indentLevel = frame.indentLevel + 1};
+    const Name name{"bus:", member.name};
+    if (member.isGenerated) {
+        const ObjectType type =
+            value != nullptr ? static_cast<MRLSchemaTypeI*>(value)->getObjectType() : member.type;
+        return open(value, type, name, form); // may move the frames
+    }
+    if (*member.name == '\0') {
+        return writeOwnText(m_frames.back(), static_cast<const char*>(value), member.type);
+    }
+    if (value == nullptr || !hasSimpleForm(member.type)) {
+        return open(value, member.type, name, form);
+    }
+    m_out.putTabs(form.indentLevel + 1);
+    m_out.put(member.open);
+    writeSimple(value, member.type);
+    m_out.put(member.close);
+}
+
 void ElementWriter::writeOwnText(Frame& frame, const char* text, ObjectType type) {
     HBL_ASSERT_NAMED(type == MRLSchemaTypeI::eString, "Conversion of text not currently supported.");
     if (text == nullptr) {
         return;
     }
-    if (frame.isTagOpen && isContentId(text)) {
-        m_out.put(CONTENT_ID);
-        MRL_CharStreamable(text) >> m_out;
-        m_out.put("\">");
+    if (frame.isTagOpen && putReference(text)) {
         frame.isTagOpen = false;
         return;
     }
@@ -221,7 +309,7 @@ void ElementWriter::closeFrame() {
     Frame& frame = m_frames.back();
     // A value of a type without a form on the wire (xs:time, xs:anyType) has no names, and its start
     // tag stays as it is; an absent own text still leaves an element that can be read.
-    if (frame.endName != frame.firstName) {
+    if (frame.end != frame.first) {
         finishTag(frame);
     }
     if (frame.isComplex) {
@@ -230,7 +318,11 @@ void ElementWriter::closeFrame() {
     if (frame.closeTag) {
         putClosingTag(frame.name);
     }
-    m_names.resize(frame.firstName);
+    if (frame.plan != nullptr) {
+        m_values.resize(frame.first);
+    } else {
+        m_names.resize(frame.first);
+    }
     m_frames.pop_back();
 }
 

@@ -10,6 +10,10 @@
 
 namespace mrl::detail {
 
+class ClassPlan;
+struct MemberPlan;
+struct SchemaTypeRow;
+
 /// Writes values as elements. The way down the objects is kept on a stack of its own, so that the
 /// depth of a graph costs memory and never the thread's stack.
 class ElementWriter {
@@ -38,10 +42,11 @@ private:
     /// An element whose children are being written.
     struct Frame {
         MRLSchemaTypeI* object;
+        const ClassPlan* plan; // of the object's class; null when it is asked child by child
         Name name;
-        std::size_t firstName; // its children in m_names
-        std::size_t nextName;
-        std::size_t endName;
+        std::size_t first; // its children in m_names, with a plan in m_values
+        std::size_t next;
+        std::size_t end;
         int indentLevel;
         bool isArray;
         bool isComplex; // the children stand on lines of their own
@@ -50,10 +55,14 @@ private:
     };
 
     void open(void* object, ObjectType type, const Name& name, const Form& form);
-    void writeStart(void* object, ObjectType type, const Name& name, const Form& form, bool isArray);
-    void writeSimple(void* value, ObjectType type, const Name& name, const Form& form);
-    void pushFrame(void* object, const Name& name, const Form& form, bool isArray, std::size_t firstName);
+    void writeStart(void* object, ObjectType type, const SchemaTypeRow* row, const Name& name,
+                    const Form& form);
+    void writeSimple(void* value, ObjectType type);
+    bool putReference(const char* text);
+    void pushFrame(const Frame& frame, const char* firstName);
     void writeNextChild();
+    void writeMembers(std::size_t depth);
+    void writeMember(const MemberPlan& member, void* value, const Frame& frame);
     void writeOwnText(Frame& frame, const char* text, ObjectType type);
     void finishTag(Frame& frame);
     void closeFrame();
@@ -63,7 +72,8 @@ private:
     GatheringOutputStream& m_out;
     const bool m_writeNulls;
     std::vector<Frame> m_frames;
-    std::vector<const char*> m_names; // the children of all frames, one run for each
+    std::vector<const char*> m_names; // the children of frames without a plan, one run for each
+    std::vector<void*> m_values;      // those of frames with a plan
     std::string m_arrayType;          // kept for its room
 };
 

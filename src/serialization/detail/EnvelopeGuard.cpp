@@ -1,33 +1,11 @@
 #include "serialization/detail/EnvelopeGuard.h"
 
 #include "serialization/detail/GuardedInput.h"
-#include "serialization/detail/Throw.h"
-
-#include "HBLCore/HBLFailure.h"
-#include "HBLCore/I18NString.h"
 
 #include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/sax2/Attributes.hpp>
-#include <xercesc/validators/DTD/DTDElementDecl.hpp>
-
-#include <string>
 
 namespace mrl::detail {
-
-namespace {
-
-[[noreturn]] void refuse(const char* what, const XMLCh* name) {
-    const std::string text =
-        std::string(what) + I18NString(name).toUtf8() + " is not allowed in an envelope.";
-    throwFailure(HBL_HERE, "MRLSOAPMessageIDeserializer::parse", msg::malformedXml, text);
-}
-
-} // namespace
-
-void EnvelopeReader::doctypeDecl(const xercesc::DTDElementDecl& root, const XMLCh* /*publicId*/,
-                                 const XMLCh* /*systemId*/, bool /*hasIntSubset*/, bool /*hasExtSubset*/) {
-    refuse("A document type declaration, here of ", root.getFullName());
-}
 
 EnvelopeGuard::~EnvelopeGuard() = default;
 
@@ -90,10 +68,6 @@ void EnvelopeGuard::processingInstruction(const XMLCh* /*target*/, const XMLCh* 
 
 void EnvelopeGuard::comment(const XMLCh* /*chars*/, XMLSize_t /*length*/) {
     m_input.noteProgress();
-}
-
-xercesc::InputSource* EnvelopeGuard::resolveEntity(const XMLCh* /*publicId*/, const XMLCh* systemId) {
-    refuse("A reference to the outside, here to ", systemId);
 }
 
 void EnvelopeGuard::fatalError(const xercesc::SAXParseException& failure) {

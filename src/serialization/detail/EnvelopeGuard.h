@@ -2,7 +2,6 @@
 
 #include "serialization/MRLReaderLimits.h"
 
-#include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
 #include <xercesc/sax2/DefaultHandler.hpp>
 
 #include <cstdint>
@@ -12,17 +11,8 @@ namespace mrl::detail {
 
 class GuardedInput;
 
-/// A parser that refuses document types. The lexical events do not tell of all of them: they are silent
-/// about a declaration that only names the root.
-class EnvelopeReader final : public xercesc::SAX2XMLReaderImpl {
-public:
-    void doctypeDecl(const xercesc::DTDElementDecl& root, const XMLCh* publicId, const XMLCh* systemId,
-                     bool hasIntSubset, bool hasExtSubset) override;
-};
-
-/// Stands between the parser and a handler: holds the document against the limits, refuses external
-/// references, and hands all else on. The depth of the input costs memory here,
-/// never stack.
+/// Stands between the parser and a handler: holds the document against the limits, and hands on what
+/// passes. The depth of the input costs memory here, never stack.
 class EnvelopeGuard final : public xercesc::DefaultHandler {
 public:
     /// All are borrowed.
@@ -45,9 +35,6 @@ public:
 
     // Lexical
     void comment(const XMLCh* chars, XMLSize_t length) override;
-
-    // References to the outside, which no document without a document type can hold
-    xercesc::InputSource* resolveEntity(const XMLCh* publicId, const XMLCh* systemId) override;
 
     // Errors
     void fatalError(const xercesc::SAXParseException& failure) override;

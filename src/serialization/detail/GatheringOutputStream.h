@@ -24,8 +24,12 @@ public:
     }
     void put(std::string_view piece) { write(piece.data(), piece.size()); }
     void putTabs(int count) {
-        for (; count > 0; --count) {
-            put('\t');
+        constexpr std::string_view tabs = "\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
+        for (; count > static_cast<int>(tabs.size()); count -= static_cast<int>(tabs.size())) {
+            put(tabs);
+        }
+        if (count > 0) {
+            put(tabs.substr(0, static_cast<std::size_t>(count)));
         }
     }
 

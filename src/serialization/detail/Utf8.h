@@ -36,6 +36,24 @@ inline std::size_t utf8Length(std::u16string_view text) {
     return length;
 }
 
+/// How many units at the front are ASCII, in whole groups where it can.
+inline std::size_t asciiUnits(std::u16string_view text) {
+    std::size_t i = 0;
+    for (constexpr std::size_t group = 8; i + group <= text.size(); i += group) {
+        unsigned all = 0;
+        for (std::size_t k = 0; k < group; ++k) {
+            all |= text[i + k];
+        }
+        if (all >= 0x80) {
+            break;
+        }
+    }
+    while (i < text.size() && text[i] < 0x80) {
+        ++i;
+    }
+    return i;
+}
+
 /// Writes `text` to `out`, which has room for maxUtf8PerUnit bytes a unit, and returns the end.
 /// Half a pair becomes U+FFFD.
 inline char* toUtf8(std::u16string_view text, char* out) {

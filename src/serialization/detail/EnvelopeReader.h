@@ -1,0 +1,83 @@
+#pragma once
+
+#include <xercesc/framework/XMLDocumentHandler.hpp>
+#include <xercesc/framework/XMLErrorReporter.hpp>
+#include <xercesc/internal/VecAttributesImpl.hpp>
+#include <xercesc/util/XercesDefs.hpp>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+XERCES_CPP_NAMESPACE_BEGIN
+class ContentHandler;
+class ErrorHandler;
+class GrammarResolver;
+class InputSource;
+class LexicalHandler;
+XERCES_CPP_NAMESPACE_END
+
+namespace mrl::detail {
+
+class EnvelopeScanner;
+
+/// A parser of envelopes: SAX2 events straight from the XML library's scanner for well-formed documents,
+/// which knows nothing of grammars and is the fastest of its scanners. It never looks outside the
+/// document, and refuses document types, over which that scanner would pass without a word.
+/// One document at a time; fit for any number, one after the other, also after a failure.
+class EnvelopeReader final : public xercesc::XMLDocumentHandler, public xercesc::XMLErrorReporter {
+public:
+    EnvelopeReader();
+    ~EnvelopeReader() override;
+    EnvelopeReader(const EnvelopeReader&) = delete;
+    EnvelopeReader& operator=(const EnvelopeReader&) = delete;
+
+    /// Parses the document of `source`. All are borrowed for the time of the call.
+    /// @param handler content and errors; also told of comments.
+    template <class Handler>
+    void parse(const xercesc::InputSource& source, Handler& handler) {
+        run(source, handler, handler, handler);
+    }
+
+    // From the scanner
+    void startDocument() override;
+    void endDocument() override;
+    void resetDocument() override;
+    void startElement(const xercesc::XMLElementDecl& element, const unsigned int uriId, const XMLCh* prefix,
+                      const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, const XMLSize_t count,
+                      const bool isEmpty, const bool isRoot) override;
+    void endElement(const xercesc::XMLElementDecl& element, const unsigned int uriId, const bool isRoot,
+                    const XMLCh* prefix) override;
+    void docCharacters(const XMLCh* chars, const XMLSize_t length, const bool isCdata) override;
+    void ignorableWhitespace(const XMLCh* chars, const XMLSize_t length, const bool isCdata) override;
+    void docComment(const XMLCh* text) override;
+    void docPI(const XMLCh* target, const XMLCh* data) override;
+    void startEntityReference(const xercesc::XMLEntityDecl& entity) override;
+    void endEntityReference(const xercesc::XMLEntityDecl& entity) override;
+    void XMLDecl(const XMLCh* version, const XMLCh* encoding, const XMLCh* standalone,
+                 const XMLCh* autoEncoding) override;
+
+    void error(const unsigned int code, const XMLCh* domain, const ErrTypes type, const XMLCh* text,
+               const XMLCh* systemId, const XMLCh* publicId, const XMLFileLoc line,
+               const XMLFileLoc column) override;
+    void resetErrors() override;
+
+private:
+    void run(const xercesc::InputSource& source, xercesc::ContentHandler& content,
+             xercesc::LexicalHandler& lexical, xercesc::ErrorHandler& errors);
+    std::uint32_t startPrefixMappings(const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
+                                      XMLSize_t count);
+    void endPrefixMappings(std::uint32_t count);
+
+    std::unique_ptr<xercesc::GrammarResolver> m_grammars; // none; the scanner keeps its names there
+    std::unique_ptr<EnvelopeScanner> m_scanner;
+    xercesc::ContentHandler* m_content = nullptr; // these three while a document is read
+    xercesc::LexicalHandler* m_lexical = nullptr;
+    xercesc::ErrorHandler* m_errors = nullptr;
+    xercesc::VecAttributesImpl m_attributes;
+    std::vector<std::uint32_t> m_prefixCounts; // of each open element
+    std::vector<std::u16string> m_prefixes;    // in scope
+};
+
+} // namespace mrl::detail

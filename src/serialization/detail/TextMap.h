@@ -1,0 +1,80 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace mrl::detail {
+
+/// What the short UTF-16 texts of a document stand for, so that each is worked out once. It takes what
+/// finds room and no more: a document made of ever new texts, or of texts made to collide, costs as much
+/// as one without the map.
+template <class Value, std::size_t Slots = 512>
+class TextMap {
+public:
+    /// Null for a text not known. The place is good until clear().
+    const Value* find(std::u16string_view text) const {
+        if (m_slots == nullptr) {
+            return nullptr;
+        }
+        const std::uint64_t hash = hashOf(text);
+        for (std::size_t probe = 0; probe < probes; ++probe) {
+            const Slot& slot = (*m_slots)[(hash + probe) % Slots];
+            if (!slot.isUsed) {
+                return nullptr;
+            }
+            if (slot.text == text) {
+                return &slot.value;
+            }
+        }
+        return nullptr;
+    }
+
+    /// Keeps a text not known so far; null when there is no room for it.
+    const Value* add(std::u16string_view text, Value value) {
+        if (m_slots == nullptr) {
+            m_slots = std::make_unique<std::array<Slot, Slots>>();
+        }
+        const std::uint64_t hash = hashOf(text);
+        for (std::size_t probe = 0; probe < probes; ++probe) {
+            Slot& slot = (*m_slots)[(hash + probe) % Slots];
+            if (!slot.isUsed) {
+                slot = {std::u16string(text), std::move(value), true};
+                return &slot.value;
+            }
+        }
+        return nullptr;
+    }
+
+    void clear() { m_slots.reset(); }
+
+private:
+    struct Slot {
+        std::u16string text;
+        Value value{};
+        bool isUsed = false;
+    };
+    static constexpr std::size_t probes = 8;
+
+    static std::uint64_t hashOf(std::u16string_view text) {
+        constexpr std::uint64_t factor = 0x9E3779B97F4A7C15u;
+        std::uint64_t hash = text.size();
+        for (; text.size() >= 4; text.remove_prefix(4)) {
+            std::uint64_t units = 0;
+            std::memcpy(&units, text.data(), sizeof units);
+            hash = (hash ^ units) * factor;
+        }
+        for (const char16_t unit : text) {
+            hash = (hash ^ unit) * factor;
+        }
+        return hash >> 32;
+    }
+
+    std::unique_ptr<std::array<Slot, Slots>> m_slots;
+};
+
+} // namespace mrl::detail
