@@ -26,7 +26,7 @@ std::size_t HBLBase64EncodedSize(std::size_t size, int lineLength) {
 
 void HBLBase64Encode(const void* data, std::size_t size, char* text, int lineLength) {
     const std::size_t line = lineOf(lineLength);
-    constexpr std::size_t most = 3 * 1024; // bytes at a time when lines have no end
+    constexpr std::size_t most = std::size_t{3} * 1024; // bytes at a time when lines have no end
     const std::size_t step = line ? std::min(line / 4 * 3, most * 1024) : most;
     const auto* from = static_cast<const unsigned char*>(data);
     unsigned char block[most / 3 * 4 + 1]; // the encoder writes a NUL, for which `text` has no room

@@ -2,6 +2,8 @@
 
 #include <new>
 
+// Callers hand over a text that they made for it.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void hblAssertFailed(std::string wholeText, const HBLFileLocation& where, const char* function) {
     HBLAssertError(0, wholeText.c_str()).hurl(where, function, "HBL_THROW");
 }

@@ -12,7 +12,7 @@ HBLIDOM_Node HBLIDOM_TreeWalker::parentNode() {
     if (m_current == m_root) {
         return {};
     }
-    const HBLIDOM_Node parent = m_current.getParentNode();
+    HBLIDOM_Node parent = m_current.getParentNode();
     if (parent.isNull() != 0 || !isShown(parent)) {
         return {};
     }

@@ -15,7 +15,7 @@ MRLIPFLogger* MRLIPFLogger::create(const MRLIPFLogger* source) {
 }
 
 MRLIPFLogger::MRLIPFLogger(const MRLIPFLogger& other)
-    : HBLReferenceCount()
+    : HBLReferenceCount(other) // counts anew
     , m_requestId(other.m_requestId)
     , m_subRequestId(other.m_subRequestId)
     , m_sessionId(other.m_sessionId)

@@ -47,7 +47,7 @@ HBLIDOM_Document DomAccess::adopt(xercesc::DOMDocument* document) {
     };
     std::unique_ptr<xercesc::DOMDocument, Release> held(document);
     auto* const tree = hblNew<DomTree>(HBL_HERE, document);
-    held.release(); // the tree's from here on
+    static_cast<void>(held.release()); // the tree's from here on
     HBLIDOM_Document made;
     made.m_tree.reset(tree);
     made.m_node = document;
