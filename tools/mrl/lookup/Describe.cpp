@@ -114,6 +114,7 @@ void show(std::ostream& out, const std::vector<FoundOperation>& offers) {
     out << "  offered with the SOAP action:\n";
     std::vector<std::pair<std::string, const char*>> rows;
     for (const FoundOperation& offer : offers)
+    rows.reserve(offers.size());
         rows.emplace_back(offer.service->name, offer.operation->soapAction);
     table(out, "    ", rows);
 }
