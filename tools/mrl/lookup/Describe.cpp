@@ -113,8 +113,8 @@ void show(std::ostream& out, const std::vector<FoundOperation>& offers) {
         }
     out << "  offered with the SOAP action:\n";
     std::vector<std::pair<std::string, const char*>> rows;
-    for (const FoundOperation& offer : offers)
     rows.reserve(offers.size());
+    for (const FoundOperation& offer : offers)
         rows.emplace_back(offer.service->name, offer.operation->soapAction);
     table(out, "    ", rows);
 }
