@@ -131,7 +131,7 @@ private:
     std::string m_typeName; // kept for its room
     Name m_spareName;       // of an element whose name m_names has no room for
     mrl::detail::TextMap<Name> m_names;
-    mrl::detail::TextMap<ObjectType, 128> m_types; // as they are written, while the prefixes stand
+    mrl::detail::TextMap<ObjectType, 64> m_types; // as they are written, while the prefixes stand
     bool m_keepsUris = false;
     const XMLCh* m_instanceUri = nullptr; // where the source keeps the names of these two
     const XMLCh* m_encodingUri = nullptr;

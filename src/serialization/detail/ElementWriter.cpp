@@ -11,8 +11,8 @@
 #include "HBLCore/HBLFailure.h"
 #include "PLQStreams/PLQXmlEncodeOutputStream.h"
 
+#include <algorithm>
 #include <charconv>
-#include <cstring>
 
 namespace mrl::detail {
 
@@ -53,6 +53,20 @@ bool hasSimpleForm(MRLSchemaTypeI::ObjectType type) {
     case MRLSchemaTypeI::eQName: return true;
     default: return false;
     }
+}
+
+/// Whether a text goes out as it is. Without a branch in the loop, so that many bytes are looked at in one
+/// step; what it does not know it leaves to the encoder.
+bool isPlain(std::string_view text) {
+    unsigned others = 0;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        others |= static_cast<unsigned>(byte < 0x20) | static_cast<unsigned>(byte > 0x7E) |
+                  static_cast<unsigned>(byte == '&') | static_cast<unsigned>(byte == '<') |
+                  static_cast<unsigned>(byte == '>') | static_cast<unsigned>(byte == '"') |
+                  static_cast<unsigned>(byte == '\'');
+    }
+    return others == 0;
 }
 
 /// Two decimals and a blank, whatever the locale of the host.
@@ -158,21 +172,27 @@ void ElementWriter::pushFrame(const Frame& frame, const char* firstName) {
 
 void ElementWriter::writeStart(void* object, ObjectType type, const SchemaTypeRow* row, const Name& name,
                                const Form& form) {
+    const bool isArray = isArrayRow(row);
     m_out.putTabs(form.indentLevel + 1);
-    m_out.put('<');
-    m_out.put(name.prefix);
-    m_out.put(name.local);
-    if (form.writeNamespaces) {
-        m_out.put(text::namespaces);
+    if (name.plan != nullptr && name.plan->isGenerated && !isArray) {
+        m_out.put(name.plan->open);
+    } else {
+        m_out.put('<');
+        m_out.put(name.prefix);
+        m_out.put(name.local);
+        if (form.writeNamespaces) {
+            m_out.put(text::namespaces);
+        }
+        m_out.put(isArray ? R"( xsi:type="SOAP-ENC:Array" SOAP-ENC:arrayType=")" : R"( xsi:type=")");
     }
-    if (isArrayRow(row)) {
+    if (isArray) {
         auto* array = static_cast<MRLSchemaTypeArrayI*>(static_cast<MRLSchemaTypeI*>(object));
         types().objectTypeToArrayType(type, array, m_arrayType);
-        m_out.put(R"( xsi:type="SOAP-ENC:Array" SOAP-ENC:arrayType=")");
         m_out.put(m_arrayType);
+    } else if (row != nullptr && type != MRLSchemaTypeI::e_Unknown) {
+        m_out.put(std::string_view(row->xsiName));
     } else {
-        m_out.put(R"( xsi:type=")");
-        m_out.put(std::string_view(types().objectTypeToXSIType(type)));
+        m_out.put(std::string_view(types().objectTypeToXSIType(type))); // which says what is wrong
     }
     m_out.put('"');
 }
@@ -249,32 +269,36 @@ void ElementWriter::writeNextChild() {
 /// Writes the members that are left of the innermost frame, number `depth`, up to one that opens a frame
 /// of its own.
 void ElementWriter::writeMembers(std::size_t depth) {
-    const std::span<const MemberPlan> members = m_frames.back().plan->members();
     while (m_frames.size() == depth) {
         Frame& frame = m_frames.back();
+        if (!m_writeNulls) { // most members are absent; an array, which would be written, never is
+            const auto from = m_values.begin() + static_cast<std::ptrdiff_t>(frame.next);
+            const auto to = m_values.begin() + static_cast<std::ptrdiff_t>(frame.end);
+            frame.next = static_cast<std::size_t>(
+                std::find_if(from, to, [](const void* value) { return value != nullptr; }) -
+                m_values.begin());
+        }
         if (frame.next == frame.end) {
             return;
         }
-        const MemberPlan& member = members[frame.next - frame.first];
+        const MemberPlan& member = frame.plan->members()[frame.next - frame.first];
         void* const value = m_values[frame.next++];
-        if (value != nullptr || member.isArray || m_writeNulls) {
-            writeMember(member, value, frame);
-        } else if (*member.name != '\0') {
-            finishTag(frame);
-        }
+        writeMember(member, value);
     }
 }
 
-void ElementWriter::writeMember(const MemberPlan& member, void* value, const Frame& frame) {
+void ElementWriter::writeMember(const MemberPlan& member, void* value) {
+    Frame& frame = m_frames.back();
+    if (!member.isGenerated && *member.name == '\0') {
+        return writeOwnText(frame, static_cast<const char*>(value), member.type);
+    }
+    finishTag(frame);
     const Form form{.indentLevel = frame.indentLevel + 1};
-    const Name name{"bus:", member.name};
+    const Name name{"bus:", member.name, &member};
     if (member.isGenerated) {
         const ObjectType type =
             value != nullptr ? static_cast<MRLSchemaTypeI*>(value)->getObjectType() : member.type;
         return open(value, type, name, form); // may move the frames
-    }
-    if (*member.name == '\0') {
-        return writeOwnText(m_frames.back(), static_cast<const char*>(value), member.type);
     }
     if (value == nullptr || !hasSimpleForm(member.type)) {
         return open(value, member.type, name, form);
@@ -328,16 +352,24 @@ void ElementWriter::closeFrame() {
 
 /// A text, or what stands in its slot in place of one.
 void ElementWriter::putEscaped(const char* text) {
+    const bool isStreamable = MRL_CharStreamable::isCharStreamable(text);
+    const std::string_view characters = isStreamable ? std::string_view() : std::string_view(text);
+    if (!isStreamable && isPlain(characters)) {
+        return m_out.put(characters);
+    }
     PLQXmlEncodeOutputStream escaped(m_out);
-    if (MRL_CharStreamable::isCharStreamable(text)) {
+    if (isStreamable) {
         MRL_CharStreamable(text) >> escaped;
     } else {
-        escaped.write(text, std::strlen(text));
+        escaped.write(characters.data(), characters.size());
     }
     escaped.unWrap(); // ends the text
 }
 
 void ElementWriter::putClosingTag(const Name& name) {
+    if (name.plan != nullptr) {
+        return m_out.put(name.plan->close);
+    }
     m_out.put("</");
     m_out.put(name.prefix);
     m_out.put(name.local);

@@ -37,6 +37,7 @@ private:
     struct Name {
         std::string_view prefix;
         std::string_view local;
+        const MemberPlan* plan = nullptr; // of a member, whose tags are ready
     };
 
     /// An element whose children are being written.
@@ -62,7 +63,7 @@ private:
     void pushFrame(const Frame& frame, const char* firstName);
     void writeNextChild();
     void writeMembers(std::size_t depth);
-    void writeMember(const MemberPlan& member, void* value, const Frame& frame);
+    void writeMember(const MemberPlan& member, void* value);
     void writeOwnText(Frame& frame, const char* text, ObjectType type);
     void finishTag(Frame& frame);
     void closeFrame();

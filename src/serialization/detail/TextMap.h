@@ -13,7 +13,7 @@ namespace mrl::detail {
 /// What the short UTF-16 texts of a document stand for, so that each is worked out once. It takes what
 /// finds room and no more: a document made of ever new texts, or of texts made to collide, costs as much
 /// as one without the map.
-template <class Value, std::size_t Slots = 512>
+template <class Value, std::size_t Slots = 128>
 class TextMap {
 public:
     /// Null for a text not known. The place is good until clear().
