@@ -12,6 +12,7 @@ set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 
 option(MRL_BENCHMARKS "Build the programs under bench/" OFF)
 option(MRL_INTEROP "Offer the targets of tests/interop, for `make interop`" OFF)
+option(MRL_FUZZ "Build the fuzzers under tests/fuzz, with clang" OFF)
 set(MRL_SANITIZE "" CACHE STRING "Sanitizers to compile with, for example address,undefined")
 option(MRL_COVERAGE "Compile for gcov" OFF)
 
@@ -29,6 +30,8 @@ add_compile_options(
     $<$<COMPILE_LANGUAGE:CXX>:-Wno-sign-conversion>
     # Optimising, g++ 12 takes "text" + std::string for an overlapping copy.
     $<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>>:-Wno-restrict>
+    # The library calls itself directly; nobody puts functions in front of its own.
+    $<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>>:-fno-semantic-interposition>
     # Back traces carry file names: relative to the project, never of the machine it was built on.
     -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=
     -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
