@@ -3,13 +3,14 @@ PRESET ?= dev
 BUILD := build/$(PRESET)
 JOBS ?= $(shell nproc)
 
-.PHONY: help setup configure build demo test check format tidy layering bench interop clean
+.PHONY: help setup configure build demo test check format tidy layering bench interop fuzz clean
 
 help:
 	@echo "make demo    a typed call answered by a live bus"
 	@echo "make test    every test               (PRESET=asan|tsan|release|coverage for another build)"
 	@echo "make check   format, tidy, layering, tests"
 	@echo "make bench   the benchmarks, optimised"
+	@echo "make fuzz    every fuzzer for SECONDS=60 each"
 	@echo "make interop against SOAP stacks that others wrote (installs them)"
 	@echo "make format  rewrites sources in the project's format"
 
@@ -55,6 +56,13 @@ interop:
 	@cmake --preset $(PRESET) -DMRL_INTEROP=ON --log-level=NOTICE
 	@cmake --build --preset $(PRESET) -j $(JOBS) --target interop_programs
 	@tests/interop/run $(BUILD)/bin
+
+fuzz: SECONDS ?= 60
+fuzz:
+	@./setup --fuzz
+	@cmake --preset fuzz --log-level=NOTICE
+	@cmake --build --preset fuzz -j $(JOBS)
+	@scripts/fuzz build/fuzz $(SECONDS)
 
 clean:
 	rm -rf build

@@ -48,7 +48,7 @@ constexpr Kind kindOf(char c) {
 }
 
 struct Sequence {
-    enum State { legal, illegal, cut } state;
+    enum class State { legal, illegal, cut } state;
     std::size_t length; // bytes of the character, or of what one U+FFFD stands for
 };
 
@@ -74,17 +74,17 @@ constexpr Sequence sequenceAt(const char* p, const char* end) {
         else if (lead == 0xF4)
             high = 0x8F;
     } else {
-        return {Sequence::illegal, 1};
+        return {Sequence::State::illegal, 1};
     }
     for (std::size_t i = 1; i < length; ++i, low = 0x80, high = 0xBF) {
         if (p + i == end)
-            return {Sequence::cut, i};
+            return {Sequence::State::cut, i};
         if (byte(i) < low || byte(i) > high)
-            return {Sequence::illegal, i};
+            return {Sequence::State::illegal, i};
     }
     if (lead == 0xEF && byte(1) == 0xBF && byte(2) >= 0xBE) // U+FFFE and U+FFFF
-        return {Sequence::illegal, 3};
-    return {Sequence::legal, length};
+        return {Sequence::State::illegal, 3};
+    return {Sequence::State::legal, length};
 }
 
 void put(PLQOutputStream& out, std::string_view text) {
@@ -117,12 +117,12 @@ void PLQXmlEncodeOutputStream::write(const char* data, std::size_t length) {
         const Kind kind = kindOf(*p);
         if (kind == sequence) {
             const Sequence found = sequenceAt(p, end);
-            if (found.state == Sequence::legal) {
+            if (found.state == Sequence::State::legal) {
                 p += found.length;
                 continue;
             }
             put(*p_downstream, {run, p});
-            if (found.state == Sequence::cut) {
+            if (found.state == Sequence::State::cut) {
                 m_heldLength = static_cast<std::size_t>(std::copy(p, end, m_held.begin()) - m_held.begin());
                 return;
             }
@@ -159,7 +159,7 @@ const char* PLQXmlEncodeOutputStream::completeHeld(const char* data, const char*
     while (m_heldLength > 0 && data != end) {
         m_held[m_heldLength] = *data;
         const Sequence found = sequenceAt(m_held.data(), m_held.data() + m_heldLength + 1);
-        if (found.state == Sequence::cut) {
+        if (found.state == Sequence::State::cut) {
             ++m_heldLength;
             ++data;
             continue;
@@ -168,7 +168,7 @@ const char* PLQXmlEncodeOutputStream::completeHeld(const char* data, const char*
             ++data;
         const std::string_view whole(m_held.data(), found.length);
         m_heldLength = 0;
-        put(*p_downstream, found.state == Sequence::legal ? whole : s_illegal);
+        put(*p_downstream, found.state == Sequence::State::legal ? whole : s_illegal);
     }
     return data;
 }

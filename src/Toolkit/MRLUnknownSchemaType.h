@@ -36,6 +36,6 @@ public:
     virtual int operator!=(const MRLSchemaTypeI& other) const;
 
 private:
-    MRLPrivateData* m_private = nullptr; // borrowed
+    [[maybe_unused]] MRLPrivateData* m_private = nullptr; // borrowed
     std::string m_name;
 };
