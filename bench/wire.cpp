@@ -250,6 +250,7 @@ void sizes(benchmark::internal::Benchmark* benchmark) {
     for (const long count : {10, 1000, 20000}) {
         benchmark->Arg(count);
     }
+    benchmark->MinTime(0.2)->Repetitions(5); // for the resolution
 }
 
 BENCHMARK(Write)->Apply(sizes);
