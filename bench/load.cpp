@@ -96,7 +96,8 @@ std::string inChild(Step step) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const char* const library = argc > 1 ? argv[1] : MRL_LIBRARY;
+    // Options of the other benchmark programs mean nothing here.
+    const char* const library = argc > 1 && argv[1][0] != '-' ? argv[1] : MRL_LIBRARY;
     const std::string names = inChild([&] {
         std::string lines;
         for (const std::string& name : companions(library)) {
