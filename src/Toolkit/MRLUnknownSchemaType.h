@@ -6,7 +6,7 @@
 
 class MRLPrivateData;
 
-/// The placeholder for a value whose type the toolkit does not know. It has a name and no children.
+/// Stands in for a value whose type the toolkit does not know. It has a name and no children.
 class MRL_EXPORT MRLUnknownSchemaType : public MRLSchemaTypeI {
 public:
     MRLUnknownSchemaType();

@@ -140,7 +140,7 @@ void MRL_AttachmentHandler::resolveAttachment(const char* contentId, MRL_Attachm
     }
 }
 
-/// Puts the attachment in the place of the placeholder.
+/// Puts the attachment where the empty value stood.
 void MRL_AttachmentHandler::serve(const MRL_HrefReference& reference, MRL_AttachmentContainerI& container,
                                   MRLObjectRegistryI& registry) {
     const char* const text = container.c_str();
