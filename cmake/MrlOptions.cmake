@@ -21,6 +21,7 @@ if(MRL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER "${MRL_CCACHE}")
 endif()
 
+file(RELATIVE_PATH mrl_source_from_build "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}")
 add_compile_options(
     -Wall -Wextra -Wpedantic -Werror
     $<$<COMPILE_LANGUAGE:CXX>:-Wshadow>
@@ -33,8 +34,10 @@ add_compile_options(
     # The library calls itself directly; nobody puts functions in front of its own.
     $<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>>:-fno-semantic-interposition>
     # Back traces carry file names: relative to the project, never of the machine it was built on.
+    # The last form is what a compiler cache that is shared by several build directories makes of the first.
     -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=
-    -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
+    -ffile-prefix-map=${CMAKE_BINARY_DIR}/=
+    -ffile-prefix-map=${mrl_source_from_build}=)
 
 if(MRL_SANITIZE)
     add_compile_options(-fsanitize=${MRL_SANITIZE} -fno-omit-frame-pointer)
