@@ -1,6 +1,7 @@
 #include "HBLIDOM/HBLIDOM_Element.h"
 
 #include "HBLIDOM/detail/DomAccess.h"
+#include "HBLIDOM/detail/DomPlace.h"
 
 #include <xercesc/dom/DOMElement.hpp>
 #include <xercesc/util/XMLUni.hpp>
@@ -8,7 +9,9 @@
 using mrl::detail::changing;
 using mrl::detail::DomAccess;
 using mrl::detail::namespaceOrNull;
+using mrl::detail::viewed;
 using xercesc::DOMElement;
+using xercesc::DOMNode;
 
 HBLIDOM_Element::HBLIDOM_Element(const HBLIDOM_Node& node)
     : HBLIDOM_Node(node) {
@@ -48,4 +51,21 @@ void HBLIDOM_Element::setAttributeNS(const I18NString& namespaceURI, const I18NS
         element.setAttributeNS(namespaceOrNull(namespaceURI), qualifiedName.getExternalBuffer(),
                                value.getExternalBuffer());
     });
+}
+
+HBLIDOM_NodeList HBLIDOM_Element::getElementsByTagNameNS(const I18NString& namespaceURI,
+                                                         const I18NString& localName) const {
+    return DomAccess::below(*this, "Element::getElementsByTagNameNS", [&](DOMNode& node) {
+        return node.getNodeType() == DOMNode::ELEMENT_NODE &&
+               viewed(node.getLocalName()) == localName.view() &&
+               viewed(node.getNamespaceURI()) == namespaceURI.view();
+    });
+}
+
+int HBLIDOM_Element::getLineNumber() const {
+    return mrl::detail::placeOf(DomAccess::required(*this, "Element::getLineNumber")).line;
+}
+
+int HBLIDOM_Element::getColumnNumber() const {
+    return mrl::detail::placeOf(DomAccess::required(*this, "Element::getColumnNumber")).column;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HBLIDOM/HBLIDOM_Node.h"
+#include "HBLIDOM/HBLIDOM_NodeList.h"
 
 /// An element of a document.
 class MRL_EXPORT HBLIDOM_Element : public HBLIDOM_Node {
@@ -26,4 +27,13 @@ public:
     /// @throws HBLIDOM_DOMException for what is no name and for a prefix without a namespace.
     void setAttributeNS(const I18NString& namespaceURI, const I18NString& qualifiedName,
                         const I18NString& value);
+
+    /// The elements below, at any depth, in the order of the document, as they are now.
+    /// @param namespaceURI empty for none.
+    HBLIDOM_NodeList getElementsByTagNameNS(const I18NString& namespaceURI,
+                                            const I18NString& localName) const;
+
+    /// Where the start tag ended in what was parsed with HBLIDOM_Parser::eKeepPlaces, from 1 on; else 0.
+    int getLineNumber() const;
+    int getColumnNumber() const;
 };

@@ -70,3 +70,11 @@ HBLIDOM_Node HBLIDOM_Node::appendChild(const HBLIDOM_Node& child) {
     mrl::detail::changing(OPERATION, &node, nullptr, [&] { return node.appendChild(&added); });
     return child;
 }
+
+HBLIDOM_Node HBLIDOM_Node::removeChild(const HBLIDOM_Node& child) {
+    constexpr const char* OPERATION = "Node::removeChild";
+    xercesc::DOMNode& node = DomAccess::required(*this, OPERATION);
+    xercesc::DOMNode& removed = DomAccess::required(child, OPERATION);
+    mrl::detail::changing(OPERATION, &node, nullptr, [&] { return node.removeChild(&removed); });
+    return child;
+}

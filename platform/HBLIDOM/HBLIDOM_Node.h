@@ -68,6 +68,11 @@ public:
     /// @return the child.
     HBLIDOM_Node appendChild(const HBLIDOM_Node& child);
 
+    /// Takes `child` out of the tree; it stays a node of the document.
+    /// @return the child.
+    /// @throws HBLIDOM_DOMException (NOT_FOUND_ERR) when it is no child of this node.
+    HBLIDOM_Node removeChild(const HBLIDOM_Node& child);
+
     /// The same node.
     friend bool operator==(const HBLIDOM_Node& a, const HBLIDOM_Node& b) noexcept {
         return a.m_node == b.m_node;

@@ -42,7 +42,7 @@ int HBLIDOM_Parser::parse(PLQInputStream& stream, HBLIDOM_Document& document) {
     try {
         mrl::detail::startXmlLibrary();
         mrl::detail::DocumentInput input(stream, m_limits);
-        mrl::detail::DomBuilder builder(m_limits, (m_options & ePassOverDocumentType) != 0);
+        mrl::detail::DomBuilder builder(m_limits, m_options);
         std::optional<DomRefusal> refusal = builder.build(input);
         input.rethrowFailure(); // the document ended for the parser since there was no more to be had
         if (input.isTooLong()) {

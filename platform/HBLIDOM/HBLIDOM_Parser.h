@@ -30,6 +30,8 @@ public:
         /// Passes over a document type declaration that has no declarations of its own ("internal
         /// subset"). What it refers to is not read, and an entity of it is eMalformed.
         ePassOverDocumentType = 1,
+        /// Elements know where they stood: HBLIDOM_Element::getLineNumber().
+        eKeepPlaces = 2,
     };
 
     /// @param options 0 or a sum of Option.

@@ -50,6 +50,9 @@ struct DomAccess {
     static HBLIDOM_Document adopt(xercesc::DOMDocument* document);
 
     static HBLIDOM_NodeList children(const HBLIDOM_Node& parent, const char* operation);
+    /// The nodes below `root`, itself left out, that `fits` takes.
+    template <class Fits>
+    static HBLIDOM_NodeList below(const HBLIDOM_Node& root, const char* operation, const Fits& fits);
     static HBLIDOM_NamedNodeMap attributes(const HBLIDOM_Node& node, const char* operation);
 };
 
@@ -94,6 +97,21 @@ inline xercesc::DOMNode* nextBelow(xercesc::DOMNode* node, const xercesc::DOMNod
         }
     }
     return nullptr;
+}
+
+template <class Fits>
+HBLIDOM_NodeList DomAccess::below(const HBLIDOM_Node& root, const char* operation, const Fits& fits) {
+    auto nodes = std::make_shared<std::vector<xercesc::DOMNode*>>();
+    xercesc::DOMNode& top = required(root, operation);
+    for (auto* node = nextBelow(&top, &top); node != nullptr; node = nextBelow(node, &top)) {
+        if (fits(*node)) {
+            nodes->push_back(node);
+        }
+    }
+    HBLIDOM_NodeList list;
+    list.m_tree = root.m_tree;
+    list.m_nodes = std::move(nodes);
+    return list;
 }
 
 } // namespace mrl::detail

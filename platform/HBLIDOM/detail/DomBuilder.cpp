@@ -1,6 +1,7 @@
 #include "HBLIDOM/detail/DomBuilder.h"
 
 #include "HBLIDOM/HBLIDOM_Parser.h"
+#include "HBLIDOM/detail/DomPlace.h"
 #include "PLQStreams/PLQStreamInputSource.h"
 
 #include <xercesc/dom/DOMDocument.hpp>
@@ -30,9 +31,10 @@ std::string limitExceeded(const char* what, const char* limit, std::uint64_t val
            " (HBLIDOM_ParserLimits::" + limit + ").";
 }
 
-DomBuilder::DomBuilder(const HBLIDOM_ParserLimits& limits, bool passOverDocumentType)
+DomBuilder::DomBuilder(const HBLIDOM_ParserLimits& limits, int options)
     : m_limits(limits)
-    , m_passOverDocumentType(passOverDocumentType) {
+    , m_passOverDocumentType((options & HBLIDOM_Parser::ePassOverDocumentType) != 0)
+    , m_keepPlaces((options & HBLIDOM_Parser::eKeepPlaces) != 0) {
     setValidationScheme(Val_Never);
     setDoSchema(false);
     setDoNamespaces(true);
@@ -86,6 +88,14 @@ void DomBuilder::startElement(const xercesc::XMLElementDecl& declaration, unsign
     }
     countNodes(1 + attributeCount);
     XercesDOMParser::startElement(declaration, uriId, prefix, attributes, attributeCount, isEmpty, isRoot);
+    if (m_keepPlaces) {
+        keepPlace();
+    }
+}
+
+void DomBuilder::keepPlace() {
+    const xercesc::Locator& place = *getScanner()->getLocator();
+    setPlace(*fCurrentNode, narrowed(place.getLineNumber()), narrowed(place.getColumnNumber()));
 }
 
 void DomBuilder::endElement(const xercesc::XMLElementDecl& declaration, unsigned int uriId, bool isRoot,

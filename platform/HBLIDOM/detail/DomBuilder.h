@@ -28,7 +28,8 @@ std::string limitExceeded(const char* what, const char* limit, std::uint64_t val
 class DomBuilder final : public xercesc::XercesDOMParser {
 public:
     /// @param limits borrowed.
-    DomBuilder(const HBLIDOM_ParserLimits& limits, bool passOverDocumentType);
+    /// @param options of HBLIDOM_Parser.
+    DomBuilder(const HBLIDOM_ParserLimits& limits, int options);
     ~DomBuilder() override;
 
     /// @return nothing when the document is complete; adoptDocument() gives it then.
@@ -52,12 +53,14 @@ public:
 
 private:
     void countNodes(std::uint64_t more);
+    void keepPlace();
     [[noreturn]] void refuseTooMany(const char* what, const char* limit, std::uint64_t value) const;
     /// Only while parsing: there is no place before and behind.
     DomRefusal here(int code, const std::string& words) const;
 
     const HBLIDOM_ParserLimits& m_limits;
     const bool m_passOverDocumentType;
+    const bool m_keepPlaces;
     std::uint32_t m_depth = 0;
     std::uint64_t m_nodes = 0;
 };
