@@ -75,7 +75,15 @@ Configuration::Shared Configuration::getState() const {
 
 Configuration::Shared Configuration::readDefaultLocation() {
     const auto [path, isFromEnvironment] = HBLConfigurationFactory::getDefaultLocation();
-    if (HBLFmDir::exists(path.c_str(), 0) == 0 && !isFromEnvironment) {
+    if (HBLFmDir::exists(path.c_str(), 0) == 0) {
+        if (isFromEnvironment) {
+            HBL_THROW(
+                HBLConfigurationError(
+                    {path, 0, 0}, std::string("expected a configuration file, as the environment variable ") +
+                                      HBLConfigurationFactory::s_locationVariable +
+                                      " names it; correct the variable, or unset it for the defaults"),
+                "IHBLConfiguration::load");
+        }
         return std::make_shared<const State>();
     }
     const auto document = HBLConfigurationDocument::read(path);

@@ -1,0 +1,254 @@
+#include "support/ConfigurationFile.h"
+#include "support/Failure.h"
+
+#include "HBLCFGAPI/HBLConfigurationDocument.h"
+#include "HBLCFGAPI/HBLConfigurationError.h"
+#include "HBLCFGAPI/HBLConfigurationNames.h"
+#include "HBLIDOM/HBLIDOM_DOMImplementation.h"
+#include "HBLIDOM/HBLIDOM_Helper.h"
+#include "HBLIDOM/HBLIDOM_Parser.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <sstream>
+#include <thread>
+#include <vector>
+
+namespace {
+
+HBLIDOM_Document parsed(const std::string& text) {
+    HBLIDOM_Document document;
+    HBLIDOM_Parser parser;
+    EXPECT_EQ(parser.parse(text.data(), text.size(), document), 1) << parser.errorString().toUtf8();
+    return document;
+}
+
+IHBLConfiguration& service() {
+    return HBLConfigurationFactory::getInstance();
+}
+
+std::string property(const char* name) {
+    return service().getProperty(name).toUtf8();
+}
+
+/// The text of the failure to load, without the path in front.
+std::string failureToLoad() {
+    try {
+        service().load();
+    } catch (const HBLConfigurationError& e) {
+        std::string text = e.getText();
+        const std::string path = ConfigurationFile::path();
+        EXPECT_TRUE(text.starts_with(path)) << text;
+        return text.substr(path.size());
+    }
+    return "nothing was thrown";
+}
+
+struct Broken {
+    const char* name;
+    std::string document;
+    const char* failure; ///< its beginning, behind the file
+};
+
+class BrokenFile : public testing::TestWithParam<Broken> {};
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Files, BrokenFile, testing::Values(
+    Broken{"not_closed", "<a>\n  <b>\n</a>", ":3:3: expected an XML document with the root qzn:parameters: "},
+    Broken{"empty", "", ":1:1: expected an XML document with the root qzn:parameters: "},
+    Broken{"document_type", "<!DOCTYPE a [<!ENTITY x SYSTEM \"file:///etc/passwd\">]>\n<a>&x;</a>", ":1:13: expected an XML document"},
+    Broken{"deep", [] { std::string text; for (int i = 0; i < 65; ++i) text += "<a>"; return text; }(), ":1:196: expected an XML document"},
+    Broken{"large", "<a>" + std::string(5U << 20, ' ') + "</a>", ":1:"},
+    Broken{"no_namespace", "<parameters/>", ":1:14: expected the root element <qzn:parameters xmlns:qzn=\"http://developer.vantor.example/schemas/qzconfig/1/\">, found \"parameters\" of the namespace \"\""},
+    Broken{"other_element", ConfigurationFile::withParameters("<qzn:paramter name=\"temp\"/>"), ":2:28: expected qzn:parameter, found \"qzn:paramter\""},
+    Broken{"no_name", ConfigurationFile::withParameters("\n <qzn:parameter\n nmae=\"temp\"/>"), ":4:15: expected an attribute \"name\" with the name of the property in qzn:parameter"},
+    Broken{"no_value", ConfigurationFile::withParameters("<qzn:parameter name=\"temp\"/>"), ":2:29: expected one qzn:value in the parameter \"temp\", found none"},
+    Broken{"two_values", ConfigurationFile::withParameters("<qzn:parameter name=\"temp\"><qzn:value/><qzn:value/></qzn:parameter>"), ":2:28: expected one qzn:value in the parameter \"temp\", found 2"},
+    Broken{"twice", ConfigurationFile::withParameters(ConfigurationFile::parameter("temp", "a") + "\n" + ConfigurationFile::parameter("temp", "b")), ":3:28: expected each property once, found \"temp\" again, first at line 2"},
+    Broken{"text_between", ConfigurationFile::withParameters("temp=/tmp"), ":1:81: expected qzn:parameter elements in qzn:parameters, found the text \"temp=/tmp\""},
+    Broken{"no_flag", ConfigurationFile::withParameters(ConfigurationFile::parameter("encryptTemporaryFiles", "yes")), ":2:45: expected true or false as the value of \"encryptTemporaryFiles\", found \"yes\""},
+    Broken{"tree_for_text", ConfigurationFile::withParameters(ConfigurationFile::parameter("temp", "<qzn:item>a</qzn:item>")), ":2:49: expected a text as the value of \"temp\", found \"qzn:item\""},
+    Broken{"text_for_list", ConfigurationFile::withParameters(ConfigurationFile::parameter("contentManagers", "http://a")), ":2:39: expected qzn:item elements"},
+    Broken{"text_in_tree", ConfigurationFile::withParameters(ConfigurationFile::parameter("CRYPTO", "x<qzn:instances name=\"a\"/>")), ":2:41: expected elements only in qzn:value, found the text \"x\""}
+), [](const auto& tested) { return tested.param.name; });
+// clang-format on
+
+TEST_P(BrokenFile, IsAnErrorWithPlaceAndRemedyEachTime) {
+    const ConfigurationFile file(GetParam().document);
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        const std::string failure = failureToLoad();
+        EXPECT_TRUE(failure.starts_with(GetParam().failure)) << failure;
+    }
+}
+
+TEST(Configuration, TellsHowMuchElseIsWrong) {
+    const ConfigurationFile file(ConfigurationFile::withParameters("<a/>\n<b/>\n<c/>"));
+    EXPECT_EQ(failureToLoad(),
+              ":2:5: expected qzn:parameter, found \"a\" (and 2 more; `mrl config check` lists them)");
+}
+
+TEST(Configuration, GivesTextsTreesAndDefaults) {
+    const ConfigurationFile file(ConfigurationFile::withParameters(
+        ConfigurationFile::parameter("contentManager", "\n http://a&amp;b<![CDATA[<]]> \n") +
+        ConfigurationFile::parameter("own", "<!-- none -->") +
+        ConfigurationFile::parameter("advancedSettings",
+                                     "<qzn:setting name=\"a&quot;\"> </qzn:setting><!-- x --><x/>")));
+    service().load();
+    EXPECT_EQ(property("contentManager"), "http://a&b<");
+    EXPECT_EQ(property("own"), "");
+    EXPECT_EQ(property("temp"), "../temp"); // not configured, but documented
+    EXPECT_EQ(property("Temp"), "");
+    EXPECT_EQ(property("advancedSettings"),
+              "<qzn:value xmlns:qzn=\"http://developer.vantor.example/schemas/qzconfig/1/\">"
+              "<qzn:setting name=\"a&quot;\"> </qzn:setting><x/></qzn:value>");
+
+    const I18NString mine("mine");
+    EXPECT_EQ(service().getProperty("own", &mine).toUtf8(), ""); // configured to be empty
+    EXPECT_EQ(service().getProperty("temp", &mine).toUtf8(), "mine");
+
+    const HBLIDOM_Element tree(service().getPropertyElement("advancedSettings"));
+    EXPECT_EQ(tree.getTagName().toUtf8(), "qzn:value");
+    EXPECT_EQ(tree.getOwnerDocument().getDocumentElement(), tree);
+    const HBLIDOM_Node other = parsed("<a/>").getDocumentElement();
+    EXPECT_EQ(service().getPropertyElement("contentManager", &other), other);
+    EXPECT_TRUE(service().getPropertyElement("contentManager").isNull());
+}
+
+TEST(Configuration, MakesTreesIndependentOfThePrefixesAround) {
+    const ConfigurationFile file(
+        "<parameters xmlns='http://developer.vantor.example/schemas/qzconfig/1/' "
+        "xmlns:s='urn:s'>"
+        "<parameter name='CRYPTO'><value><instances s:a='1' xmlns:s='urn:t'>"
+        "<s:b xmlns=''><c/></s:b></instances><s:d/></value></parameter></parameters>");
+    EXPECT_EQ(property("CRYPTO"),
+              "<qzn:value xmlns:qzn=\"http://developer.vantor.example/schemas/qzconfig/1/\">"
+              "<qzn:instances xmlns:s=\"urn:t\" s:a=\"1\"><s:b><c/></s:b></qzn:instances>"
+              "<s:d xmlns:s=\"urn:s\"/></qzn:value>");
+}
+
+TEST(Configuration, IsReadFromTheDefaultPlaceOnlyOnceAndMayBeMissingThere) {
+    ASSERT_EQ(::unsetenv("MRL_CONFIGURATION"), 0);
+    const std::string home = ConfigurationFile::path() + ".home";
+    ASSERT_EQ(::setenv("MRL_HOME", home.c_str(), 1), 0);
+    HBLConfigurationFactory::deleteInstance();
+    const auto location = HBLConfigurationFactory::getDefaultLocation();
+    EXPECT_EQ(location.path, home + "/configuration/qzconfig.xml");
+    EXPECT_FALSE(location.isFromEnvironment);
+
+    service().load();
+    EXPECT_EQ(property("emailEncoding"), "UTF-8");
+    std::filesystem::create_directories(home + "/configuration");
+    std::ofstream(location.path) << ConfigurationFile::withParameters(
+        ConfigurationFile::parameter("emailEncoding", "utf-16"));
+    service().load();
+    EXPECT_EQ(property("emailEncoding"), "UTF-8");
+    HBLConfigurationFactory::deleteInstance();
+    EXPECT_EQ(property("emailEncoding"), "utf-16"); // a question loads
+    std::filesystem::remove_all(home);
+    ASSERT_EQ(::unsetenv("MRL_HOME"), 0);
+    HBLConfigurationFactory::deleteInstance();
+}
+
+TEST(Configuration, RefusesAMissingFileThatTheEnvironmentNames) {
+    const ConfigurationFile file("");
+    std::filesystem::remove(ConfigurationFile::path());
+    EXPECT_EQ(failureToLoad(),
+              ": expected a configuration file, as the environment variable MRL_CONFIGURATION "
+              "names it; correct the variable, or unset it for the defaults");
+}
+
+TEST(Configuration, IsReplacedByParametersAndOverlaidByAQueryResult) {
+    const ConfigurationFile file(
+        ConfigurationFile::withParameters(ConfigurationFile::parameter("contentManager", "http://file") +
+                                          ConfigurationFile::parameter("gateway", "http://gate")));
+
+    // As a content manager is chosen by hand: names without namespaces, an undeclared prefix in a value.
+    HBLIDOM_Document answer = HBLIDOM_DOMImplementation::getInstance().createDocument("", "ConfigDocument");
+    HBLIDOM_Element root = answer.createElementNS("qzn", "qzn:queryResult");
+    HBLIDOM_Node item = root.appendChild(answer.createElementNS("", "item"));
+    HBLIDOM_Node manager = item.appendChild(answer.createElementNS("", "contentManager"));
+    HBLIDOM_Element value = answer.createElementNS("", "value");
+    value.setAttribute("xsi:type", "xsd:string");
+    value.appendChild(answer.createTextNode("http://chosen"));
+    manager.appendChild(value);
+    service().configure(root);
+    service().load();
+    EXPECT_EQ(property("contentManager"), "http://chosen");
+    EXPECT_EQ(property("gateway"), "http://gate");
+
+    const HBLIDOM_Document whole =
+        parsed(ConfigurationFile::withParameters(ConfigurationFile::parameter("sdk", "http://sdk")));
+    service().configure(whole.getDocumentElement());
+    service().load();
+    EXPECT_EQ(property("contentManager"), "");
+    EXPECT_EQ(property("sdk"), "http://sdk");
+
+    EXPECT_THROW(service().configure(parsed("<x/>").getDocumentElement()), HBLConfigurationError);
+    EXPECT_EQ(property("sdk"), "http://sdk");
+    expectAssert([] { service().configure(HBLIDOM_Element()); }, "HBL_ASSERT(!root.isNull());");
+}
+
+TEST(Configuration, RefusesTreesMadeByHandThatNobodyCouldReadBack) {
+    HBLIDOM_Document document = HBLIDOM_DOMImplementation::getInstance().createDocument();
+    HBLIDOM_Element root = document.createElementNS("", "queryResult");
+    HBLIDOM_Node at = root.appendChild(document.createElementNS("", "item"));
+    at = at.appendChild(document.createElementNS("", "x"));
+    const HBLIDOM_Element value(at.appendChild(document.createElementNS("", "value")));
+    HBLIDOM_Element child(HBLIDOM_Node(value).appendChild(document.createElementNS("", "y")));
+    child.setAttribute("p:q", "undeclared");
+    const auto findings = HBLConfigurationDocument::fromElement(root, "memory").getFindings();
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(findings[0].words, "the property \"x\": expected the prefix of \"p:q\" to be declared");
+
+    at = child;
+    for (int depth = 0; depth < 100'000; ++depth) {
+        at = at.appendChild(document.createElementNS("", "z"));
+    }
+    child.setAttribute("p:q", "");
+    EXPECT_FALSE(HBLConfigurationDocument::fromElement(root, "memory").getFindings().empty());
+}
+
+TEST(Configuration, AnswersFromOneCompleteStateWhileItChanges) {
+    const ConfigurationFile file(ConfigurationFile::withParameters(""));
+    const auto state = [](const std::string& text) {
+        return parsed(ConfigurationFile::withParameters(
+            ConfigurationFile::parameter("advancedSettings", "<a>" + text + "</a><b>" + text + "</b>")));
+    };
+    service().configure(state("0").getDocumentElement());
+    std::atomic<bool> isOver = false;
+    std::vector<std::jthread> readers;
+    for (int i = 0; i < 4; ++i) {
+        readers.emplace_back([&] {
+            while (!isOver) {
+                const HBLIDOM_Node tree = service().getPropertyElement("advancedSettings");
+                EXPECT_EQ(HBLIDOM_Helper::getElementText(tree.getFirstChild()),
+                          HBLIDOM_Helper::getElementText(tree.getLastChild()));
+            }
+        });
+    }
+    for (int i = 1; i < 200; ++i) {
+        service().configure(state(std::to_string(i)).getDocumentElement());
+    }
+    isOver = true;
+}
+
+TEST(Configuration, ShipsAFileThatNamesEveryPropertyAndHoldsTheDefaults) {
+    const auto shipped = HBLConfigurationDocument::read(MRL_RESOURCES "/qzconfig.xml");
+    EXPECT_TRUE(shipped.getFindings().empty());
+    for (const HBLConfigurationProperty& given : shipped.getProperties()) {
+        const HBLConfigurationName* const known = HBLConfigurationNames::find(given.name);
+        ASSERT_NE(known, nullptr) << given.name;
+        EXPECT_EQ(given.value, known->defaultValue) << given.name;
+    }
+    std::ifstream in(MRL_RESOURCES "/qzconfig.xml");
+    std::stringstream text;
+    text << in.rdbuf();
+    for (const HBLConfigurationName& known : HBLConfigurationNames::all()) {
+        EXPECT_NE(text.str().find("<qzn:parameter name=\"" + std::string(known.name) + "\">"),
+                  std::string::npos)
+            << known.name;
+    }
+}
+
+} // namespace
