@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
         addListCommand(app),
         addDescribeCommand(app),
         addCatalogueCommand(app),
+        addCallCommand(app),
     };
     try {
         app.parse(argc, argv);

@@ -24,5 +24,6 @@ using Commands = std::vector<Command>;
 Command addListCommand(CLI::App& app);
 Command addDescribeCommand(CLI::App& app);
 Command addCatalogueCommand(CLI::App& app);
+Command addCallCommand(CLI::App& app);
 
 } // namespace mrl::tool

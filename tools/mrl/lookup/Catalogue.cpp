@@ -8,9 +8,14 @@ namespace {
 
 template <class Row>
 const Row* find(std::span<const Row> rows, std::string_view name) {
-    const auto found =
-        std::ranges::find_if(rows, [&](const Row& row) { return name == row.name || name == row.className; });
-    return found == rows.end() ? nullptr : &*found;
+    const auto nameOf = [](const Row& row) { return std::string_view(row.name); };
+    const auto byName = std::ranges::lower_bound(rows, name, {}, nameOf);
+    if (byName != rows.end() && nameOf(*byName) == name)
+        return &*byName;
+    if (!name.starts_with("MRL"))
+        return nullptr;
+    const auto byClass = std::ranges::find(rows, name, &Row::className);
+    return byClass == rows.end() ? nullptr : &*byClass;
 }
 
 } // namespace

@@ -1,0 +1,164 @@
+#include "call/Caller.h"
+
+#include "Session/MRL.h"
+#include "Toolkit/MRLFaultDetail.h"
+#include "Toolkit/MRLFaultDetailArray.h"
+#include "Toolkit/MRLPortTypeBinding.h"
+#include "Toolkit/MRLSOAPFault.h"
+#include "Toolkit/MRLTavelHeader.h"
+#include "Toolkit/MRLZOR.h"
+#include "Toolkit/MRLZORPassport.h"
+#include "call/PropertyAccess.h"
+#include "call/StreamFiles.h"
+#include "commands/Command.h"
+#include "serialization/MRLSOAPFaultException.h"
+#include "serialization/MRLSOAPMessageISerializerFactory.h"
+#include "serialization/MRLSOAPMessageISerializerI.h"
+
+#include "HBLCore/HBLThrowable.h"
+#include "PLQStreams/PLQMemoryOutputStream.h"
+#include "TavelTK/TavelTKError.h"
+#include "TavelTK/TavelTKException.h"
+
+#include <algorithm>
+#include <csignal>
+#include <iostream>
+#include <memory>
+#include <string_view>
+#include <unistd.h>
+
+namespace mrl::tool {
+
+namespace {
+
+constexpr std::size_t pieceSize = 65536;
+constexpr int indentation = 2;
+
+/// The session has no limit but its own, so the whole process ends.
+extern "C" void timeIsUp(int /*signal*/) {
+    constexpr std::string_view text = "mrl: the time limit of the call has passed\n";
+    [[maybe_unused]] const auto written = write(STDERR_FILENO, text.data(), text.size());
+    _exit(transportExit);
+}
+
+void limitTime(unsigned seconds) {
+    if (seconds == 0)
+        return;
+    std::signal(SIGALRM, timeIsUp);
+    alarm(seconds);
+}
+
+/// Starts the toolkit for as long as the object lives.
+class Toolkit {
+public:
+    Toolkit() { MRL::initialize(); }
+    ~Toolkit() { MRL::terminate(); }
+    Toolkit(const Toolkit&) = delete;
+    Toolkit& operator=(const Toolkit&) = delete;
+};
+
+void printEnvelope(const char* what, const MRLPortTypeBinding& binding, MRLMessageI& message) {
+    struct GiveBack {
+        void operator()(MRLSOAPMessageISerializerI* writer) const {
+            MRLSOAPMessageISerializerFactory::getInstance().destroy(writer);
+        }
+    };
+    PLQMemoryOutputStream out(pieceSize, pieceSize);
+    const std::unique_ptr<MRLSOAPMessageISerializerI, GiveBack> writer(
+        MRLSOAPMessageISerializerFactory::getInstance().create());
+    writer->serialize(const_cast<MRLPortTypeBinding&>(binding), message, out, nullptr, 1, 0);
+    std::cerr << "mrl: " << what << '\n'
+              << std::string_view(out.bytes(), static_cast<std::size_t>(out.length()));
+}
+
+/// The request's own header, as the settings have it.
+void setHeader(MRLMessageI& request, const CallSettings& settings) {
+    MRLObjectRegistryI& registry = request.getObjectRegistry();
+    if (!settings.header.is_null()) {
+        ValueBuilder builder(registry);
+        request.setTavelHeader(static_cast<MRLTavelHeader*>(
+            builder.makeObject(MRLTavelHeader::s_objectType, settings.header, "header")));
+    }
+    MRLTavelHeader& header = *request.getTavelHeader(&registry);
+    if (!settings.passport.empty())
+        header.getZOR(&registry)->getZORPassport(&registry)->setId(settings.passport.c_str());
+}
+
+void printFault(MRLSOAPFault& fault) {
+    const auto orNothing = [](const char* text) { return text == nullptr ? "" : text; };
+    std::cerr << "mrl: the service answered with a fault: " << orNothing(fault.getFaultCode()) << ": "
+              << orNothing(fault.getFaultString()) << '\n';
+    if (MRLFaultDetailArray* details = fault.getDetail())
+        for (const MRLFaultDetail* detail : *details)
+            if (detail != nullptr)
+                std::cerr << "  " << orNothing(detail->getErrorCode()) << '\n';
+    std::string messages;
+    fault.getMessages(messages);
+    if (!messages.empty())
+        std::cerr << "  " << messages << '\n';
+}
+
+bool isBadReply(const TavelTKException& e) {
+    const auto error = static_cast<TavelTKError>(e.getErrorCode());
+    return error >= TavelTKError::badHttpReply && error <= TavelTKError::replyTooLarge;
+}
+
+/// Whether the reply was being read when it happened, as the back trace tells.
+bool cameWithTheReply(const HBLThrowable& e) {
+    return std::ranges::any_of(e.getBackTrace(), [](const std::string& entry) {
+        return entry.find("MRLSOAPSession::receive") != std::string::npos;
+    });
+}
+
+int tell(const HBLThrowable& e, int exitCode) {
+    std::cerr << "mrl: " << e.getMessage() << '\n';
+    return exitCode;
+}
+
+void submit(MRLPortTypeBinding& binding, const CallSettings& settings) {
+    if (settings.retries)
+        setRetries(*settings.retries);
+    MRLSOAPSession session(binding.getInputMessage().getTavelHeader(nullptr), nullptr, nullptr, nullptr,
+                           nullptr, settings.client.c_str());
+    session.setURI(settings.url);
+    limitTime(settings.timeLimit);
+    session.submit(binding, settings.trusted, nullptr);
+    alarm(0);
+}
+
+void printReply(MRLMessageI& reply, const CallSettings& settings) {
+    StreamsInline inlined;
+    StreamFiles files(settings.saveDirectory);
+    JsonOutput output(settings.saveDirectory.empty() ? static_cast<StreamKeeper&>(inlined) : files);
+    std::cout << output.parameters(reply).dump(indentation, ' ', false, Json::error_handler_t::replace)
+              << '\n';
+}
+
+} // namespace
+
+int call(const BuiltRequest& request, const CallSettings& settings) {
+    const Toolkit toolkit;
+    MRLPortTypeBinding& binding = *request.binding;
+    setHeader(binding.getInputMessage(), settings);
+    if (settings.verbose)
+        printEnvelope("request, in clear:", binding, binding.getInputMessage());
+    try {
+        submit(binding, settings);
+    } catch (MRLSOAPFaultException& e) {
+        if (settings.verbose)
+            std::cerr << "mrl: reply, as it was understood:\n"
+                      << e.getSOAPFault().toString(e.getTavelHeader()) << '\n';
+        printFault(e.getSOAPFault());
+        return faultExit;
+    } catch (const TavelTKException& e) {
+        return tell(e, isBadReply(e) ? badReplyExit : transportExit);
+    } catch (const HBLThrowable& e) {
+        return tell(e, cameWithTheReply(e) ? badReplyExit : int{e_No});
+    }
+    if (settings.verbose)
+        printEnvelope("reply, as it was understood:", binding, binding.getOutputMessage());
+    printReply(binding.getOutputMessage(), settings);
+    return e_Ok;
+}
+
+} // namespace mrl::tool
