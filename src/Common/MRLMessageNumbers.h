@@ -40,7 +40,9 @@ inline constexpr std::uint32_t wrongSimpleType = 0xa6487d84;        // actual, e
 inline constexpr std::uint32_t invalidNumber = 0xa6407f89;          // name, type
 
 // Session
-inline constexpr std::uint32_t unknownFailure = 0xa64eb6c6; // none
+inline constexpr std::uint32_t unknownFailure = 0xa64eb6c6;            // none
+inline constexpr std::uint32_t recordingDirectoryNotMade = 0xa64e1d07; // path, the system's reason
+inline constexpr std::uint32_t callNotRecorded = 0xa64e5b32;           // path of the reply
 
 // Files and commands
 inline constexpr std::uint32_t malformedXmlFile = 0x9e74dda8;     // file, line, column
@@ -53,7 +55,7 @@ struct Declared {
     std::size_t parameters;
 };
 
-inline constexpr std::array<Declared, 26> all{{
+inline constexpr std::array<Declared, 28> all{{
     {unknownOperation, 2},       {unknownMember, 2},
     {typeNotCreatable, 1},       {wrongMemberType, 4},
     {unknownEnumValue, 1},       {envelopeElementExpected, 1},
@@ -65,7 +67,8 @@ inline constexpr std::array<Declared, 26> all{{
     {elementInSimpleValue, 1},   {repeatedMember, 2},
     {wrongItemType, 2},          {notDerivedFrom, 3},
     {wrongSimpleType, 3},        {invalidNumber, 2},
-    {unknownFailure, 0},         {malformedXmlFile, 3},
+    {unknownFailure, 0},         {recordingDirectoryNotMade, 2},
+    {callNotRecorded, 1},        {malformedXmlFile, 3},
     {malformedXmlDocument, 2},   {commandNotStarted, 3},
 }};
 

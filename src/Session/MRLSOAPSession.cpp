@@ -8,8 +8,7 @@
 #include "Session/MRLPerfLogger.h"
 #include "Session/MRLProperty.h"
 #include "Session/MRLRTUsageLogger.h"
-#include "Session/MRLTestInfo.h"
-#include "Session/detail/BusFactory.h"
+#include "Session/detail/AmbientTraffic.h"
 #include "Session/detail/Exchange.h"
 #include "Session/detail/FaultCode.h"
 #include "Toolkit/MRLMessageI.h"
@@ -20,7 +19,6 @@
 #include "HBLCore/HBLFailure.h"
 #include "HBLCore/I18NString.h"
 #include "PLQStreams/PLQMemoryOutputStream.h"
-#include "TavelTK/TavelTK.h"
 
 #include <cstring>
 
@@ -59,6 +57,13 @@ MRLSOAPSession::MRLSOAPSession(const MRLTavelHeader* header, MRLIPFLogger* logge
     , m_recordingBaseDir(recordingBaseDir)
     , m_playbackBaseDir(playbackBaseDir) {
     initialize();
+    if (m_recordingBaseDir == nullptr && m_playbackBaseDir == nullptr) {
+        m_ambientTraffic = mrl::detail::AmbientTraffic::fromEnvironment(m_recordingMode == 1);
+        if (m_ambientTraffic != nullptr) {
+            m_recordingBaseDir = m_ambientTraffic->recordingDir();
+            m_playbackBaseDir = m_ambientTraffic->playbackDir();
+        }
+    }
     if (m_logger == nullptr) {
         m_logger = MRLIPFLogger::create(nullptr);
         m_ownsLogger = true;
@@ -144,16 +149,6 @@ void MRLSOAPSession::resolveEndpoint(const char* soapAction, const MRLServiceCal
     MRLHelper::getDispatcherURI(url, 0);
 }
 
-void MRLSOAPSession::chooseToolkit(Exchange& exchange) const {
-    if (m_playbackBaseDir != nullptr) {
-        HBL_ASSERT_NAMED(m_testInfo, "Playback is enabled, but the MRLTestInfo object is NULL.");
-        exchange.borrow(m_testInfo->getRecordedFilesAsSessionFactory(m_playbackBaseDir));
-        return;
-    }
-    HBL_ASSERT_NAMED(!isRecording(), "Recording is not available: unset the recording directory.");
-    exchange.own(mrl::detail::createBusFactory());
-}
-
 void MRLSOAPSession::submit(MRLPortTypeBinding& binding, MRLSOAPTrusted trusted,
                             const MRLServiceCallbackI* callback) const {
     const MRLAttachmentList attachments;
@@ -198,7 +193,7 @@ void MRLSOAPSession::submit(MRLPortTypeBinding& binding, const MRLAttachmentList
     Exchange exchange(narrowEndpoint, configDoc, !attachments.empty());
     std::unique_ptr<PLQMemoryOutputStream> requestCopy; // made only for a trusted resend
     try {
-        chooseToolkit(exchange);
+        chooseToolkit(exchange, binding);
         exchangeMessages(exchange, binding, attachments, trusted, requestCopy);
         exchange.closeResponse();
     } catch (MRLSOAPFaultException& e) {

@@ -19,8 +19,10 @@ class TavelTKMessageReader;
 class TavelTKMessageWriter;
 
 namespace mrl::detail {
+class AmbientTraffic;
 class Exchange;
-}
+struct RecordedFiles;
+} // namespace mrl::detail
 
 /// Carries one typed call at a time over the bus: chooses endpoint and toolkit, sends, receives, and gives
 /// everything back on every way out.
@@ -42,6 +44,8 @@ public:
     /// @param recordingBaseDir where to record the traffic; null for no recording.
     /// @param playbackBaseDir where to answer from; null for no playback.
     /// @param clientID service id of the calling component.
+    /// With neither directory, the environment may ask for recording or playback (docs/recording.md).
+    /// @throws MRLException when it does and the directory cannot be made.
     MRLSOAPSession(const MRLTavelHeader* header, MRLIPFLogger* logger, MRLTestInfo* testInfo,
                    const char* recordingBaseDir, const char* playbackBaseDir, const char* clientID);
     ~MRLSOAPSession() override;
@@ -63,7 +67,8 @@ public:
     void setLogger(MRLIPFLogger* logger);
     void setTestInfo(MRLTestInfo* testInfo) { m_testInfo = testInfo; }
     const char* getClientID() const { return m_clientID; }
-    /// Both start the numbering of the recorded files anew.
+    /// Both start the numbering of the recorded files anew, and replace what the environment asked for
+    /// (docs/recording.md). The directory must exist; files of the same name are overwritten.
     void setRecordingBaseDir(const char* directory);
     void setPlaybackBaseDir(const char* directory);
 
@@ -71,7 +76,17 @@ private:
     void initialize();
     void getSessionConfigDoc(std::string& out) const;
     void resolveEndpoint(const char* soapAction, const MRLServiceCallbackI* pLoopback, I18NString& url) const;
-    void chooseToolkit(mrl::detail::Exchange& exchange) const;
+    void chooseToolkit(mrl::detail::Exchange& exchange, MRLPortTypeBinding& binding) const;
+    /// The bus itself, or the one that records.
+    void chooseBus(mrl::detail::Exchange& exchange, MRLPortTypeBinding& binding) const;
+    /// The paths of the next call's files, which takes a number of its port type. While playing back, with no
+    /// request file there, those in the directory above, and all counting starts anew.
+    void createFileFullPaths(MRLPortTypeBinding& binding, const char* baseDir, std::string& requestFile,
+                             std::string& requestAttachmentFile, std::string& responseFile,
+                             int playback) const;
+    mrl::detail::RecordedFiles nextFiles(MRLPortTypeBinding& binding, const char* baseDir,
+                                         int playback) const;
+    bool playsBackForTheEnvironment() const;
     bool isRecording() const { return m_recordingBaseDir != nullptr && m_recordingMode == 1; }
 
     void exchangeMessages(mrl::detail::Exchange& exchange, MRLPortTypeBinding& binding,
@@ -115,4 +130,5 @@ private:
     int m_recordingMode = 0;
     std::unique_ptr<char[]> m_uri;
     int m_requestRetries = 0;
+    std::unique_ptr<mrl::detail::AmbientTraffic> m_ambientTraffic; // null, unless the environment asks
 };

@@ -125,6 +125,9 @@ void MRLSOAPSession::resendTrusted(Exchange& exchange, MRLPortTypeBinding& bindi
                               encrypted);
     exchange.abandon();
     HBL_ASSERT_NAMED(m_playbackBaseDir == 0, "Playback is not supported for trusted requests.");
+    if (isRecording()) { // a call of its own, with a number of its own
+        chooseBus(exchange, binding);
+    }
     exchange.begin(nullptr);
     TavelTKMessageWriter& writer = exchange.openRequest(0); // 0 also when attachments follow
     PLQOutputStream& stream = writer.openEnvelope(binding.getSOAPAction());

@@ -2,9 +2,7 @@
 #include "Common/MRLPLQMemoryOutputStream.h"
 #include "Common/PLQEchoInputStream.h"
 #include "Session/MRLSOAPSession.h"
-#include "Session/MRLServiceCallbackI.h"
 #include "Session/detail/FaultCode.h"
-#include "Session/detail/LentHeader.h"
 #include "Session/detail/Wire.h"
 #include "Toolkit/MRLPortTypeBinding.h"
 #include "Toolkit/MRLSOAPFault.h"
@@ -12,7 +10,6 @@
 #include "serialization/MRL_AttachmentHandler.h"
 
 #include "HBLCore/HBLFailure.h"
-#include "PLQStreams/PLQMemoryInputStream.h"
 #include "TavelTK/TavelTKMessageReader.h"
 
 #include <array>
@@ -117,18 +114,4 @@ void MRLSOAPSession::receive(TavelTKMessageReader& reader, MRLPortTypeBinding& b
         reception.giveBack();
         throw;
     }
-}
-
-int MRLSOAPSession::submitLoopback(MRLPortTypeBinding& binding, const MRLServiceCallbackI& callback) const {
-    if (m_playbackBaseDir != nullptr) {
-        return 0;
-    }
-    HBL_ASSERT_NAMED(!isRecording(), "Recording is not available: unset the recording directory.");
-    mrl::detail::LentHeader header;
-    header.lend(binding.getInputMessage(), m_tavelHeader);
-    MRLPLQMemoryOutputStream memory(TRACE_SIZE);
-    callback.handleRequest(binding, memory);
-    PLQMemoryInputStream in(memory.bytes(), static_cast<std::size_t>(memory.length()));
-    createDeserializer()->parse(in, binding, binding.getOutputMessage());
-    return 1;
 }
