@@ -1,13 +1,19 @@
 // Generated from the catalogue: the arrays, each an instance of the shared template.
 #include "Toolkit/MRLSchemaArrayImpl.h"
 #include "Toolkit/MRLDateTimeArray.h"
+#include "Toolkit/MRLFaultDetailArray.h"
+#include "Toolkit/MRLFaultDetailMessageArray.h"
 #include "Toolkit/MRLIntArray.h"
 #include "Toolkit/MRLLabelArray.h"
+#include "Toolkit/MRLMessageArray.h"
 #include "Toolkit/MRLPartArray.h"
 #include "Toolkit/MRLShapeEnumArray.h"
 #include "Toolkit/MRLStringArray.h"
 #include "Toolkit/MRLThingArray.h"
+#include "Toolkit/MRLFaultDetail.h"
+#include "Toolkit/MRLFaultDetailMessage.h"
 #include "Toolkit/MRLLabel.h"
+#include "Toolkit/MRLMessage.h"
 #include "Toolkit/MRLPart.h"
 #include "Toolkit/MRLShapeEnum.h"
 #include "Toolkit/MRLThing.h"
@@ -17,6 +23,19 @@ MRLDateTimeArray::MRLDateTimeArray(const MRLDateTimeArray& other, MRLObjectRegis
     : MRLSchemaArray(other, registry) {}
 MRLDateTimeArray::~MRLDateTimeArray() = default;
 template class MRLSchemaArray<MRLDateTimeArray, const char*>;
+
+MRLFaultDetailArray::MRLFaultDetailArray() = default;
+MRLFaultDetailArray::MRLFaultDetailArray(const MRLFaultDetailArray& other, MRLObjectRegistryI& registry)
+    : MRLSchemaArray(other, registry) {}
+MRLFaultDetailArray::~MRLFaultDetailArray() = default;
+template class MRLSchemaArray<MRLFaultDetailArray, MRLFaultDetail>;
+
+MRLFaultDetailMessageArray::MRLFaultDetailMessageArray() = default;
+MRLFaultDetailMessageArray::MRLFaultDetailMessageArray(const MRLFaultDetailMessageArray& other,
+                                                       MRLObjectRegistryI& registry)
+    : MRLSchemaArray(other, registry) {}
+MRLFaultDetailMessageArray::~MRLFaultDetailMessageArray() = default;
+template class MRLSchemaArray<MRLFaultDetailMessageArray, MRLFaultDetailMessage>;
 
 MRLIntArray::MRLIntArray() = default;
 MRLIntArray::MRLIntArray(const MRLIntArray& other, MRLObjectRegistryI& registry)
@@ -29,6 +48,12 @@ MRLLabelArray::MRLLabelArray(const MRLLabelArray& other, MRLObjectRegistryI& reg
     : MRLSchemaArray(other, registry) {}
 MRLLabelArray::~MRLLabelArray() = default;
 template class MRLSchemaArray<MRLLabelArray, MRLLabel>;
+
+MRLMessageArray::MRLMessageArray() = default;
+MRLMessageArray::MRLMessageArray(const MRLMessageArray& other, MRLObjectRegistryI& registry)
+    : MRLSchemaArray(other, registry) {}
+MRLMessageArray::~MRLMessageArray() = default;
+template class MRLSchemaArray<MRLMessageArray, MRLMessage>;
 
 MRLPartArray::MRLPartArray() = default;
 MRLPartArray::MRLPartArray(const MRLPartArray& other, MRLObjectRegistryI& registry)

@@ -5,22 +5,418 @@
 #include "Toolkit/MRLBareGadget.h"
 #include "Toolkit/MRLBase64Binary.h"
 #include "Toolkit/MRLBox.h"
+#include "Toolkit/MRLFaultDetail.h"
+#include "Toolkit/MRLFaultDetailMessage.h"
+#include "Toolkit/MRLFaultDetailMessageArray.h"
 #include "Toolkit/MRLGadget.h"
 #include "Toolkit/MRLIntArray.h"
 #include "Toolkit/MRLLabel.h"
 #include "Toolkit/MRLMarker.h"
+#include "Toolkit/MRLMessage.h"
 #include "Toolkit/MRLPart.h"
 #include "Toolkit/MRLPartArray.h"
+#include "Toolkit/MRLPromptInfo.h"
 #include "Toolkit/MRLSchemaInfo.h"
 #include "Toolkit/MRLShapeEnum.h"
 #include "Toolkit/MRLStringArray.h"
 #include "Toolkit/MRLSwap.h"
+#include "Toolkit/MRLTavelHeader.h"
 #include "Toolkit/MRLThing.h"
 #include "Toolkit/MRLThingArray.h"
+#include "Toolkit/MRLZOR.h"
+#include "Toolkit/MRLZORException.h"
 
 #include "HBLCore/HBLFailure.h"
 
 namespace detail = mrl::detail;
+
+// -- MRLTavelHeader -----------------------------------------------------------------------------------------
+
+MRLTavelHeader_PrivateData::MRLTavelHeader_PrivateData(const MRLTavelHeader_PrivateData& other,
+                                                       MRLObjectRegistryI& registry)
+    : ZOR(detail::copyObject(other.ZOR, registry)) {}
+
+MRLTavelHeader_PrivateData::~MRLTavelHeader_PrivateData() = default;
+
+int MRLTavelHeader_PrivateData::operator!=(const MRLTavelHeader_PrivateData& other) const {
+    return !(*this == other);
+}
+
+int MRLTavelHeader_PrivateData::operator==(const MRLTavelHeader_PrivateData& other) const {
+    return detail::equalObject(ZOR, other.ZOR);
+}
+
+MRLTavelHeader::MRLTavelHeader()
+    : m_data(hblNew<MRLTavelHeader_PrivateData>(HBL_HERE)) {}
+
+MRLTavelHeader::MRLTavelHeader(const MRLTavelHeader& other, MRLObjectRegistryI& registry)
+    : m_data(hblNew<MRLTavelHeader_PrivateData>(HBL_HERE, *other.m_data, registry)) {}
+
+MRLTavelHeader::~MRLTavelHeader() {
+    delete m_data;
+}
+
+int MRLTavelHeader::isa(ObjectType type) const {
+    return type == eMRLTavelHeader;
+}
+
+int MRLTavelHeader::operator==(const MRLSchemaTypeI& other) const {
+    return this == &other || (other.isa(s_objectType) &&
+                              *m_data == *static_cast<const MRLTavelHeader&>(other).m_data);
+}
+
+int MRLTavelHeader::operator!=(const MRLSchemaTypeI& other) const {
+    return !MRLTavelHeader::operator==(other);
+}
+
+MRLZOR* MRLTavelHeader::getZOR() const {
+    return m_data->ZOR;
+}
+
+MRLZOR* MRLTavelHeader::getZOR(MRLObjectRegistryI* registry) {
+    return detail::lazyObject(m_data->ZOR, registry);
+}
+
+void MRLTavelHeader::setZOR(MRLZOR* value) {
+    m_data->ZOR = value;
+}
+
+// -- MRLZOR -------------------------------------------------------------------------------------------------
+
+MRLZOR_PrivateData::MRLZOR_PrivateData(const MRLZOR_PrivateData& other, MRLObjectRegistryI& registry)
+    : roles(other.roles, registry) {}
+
+MRLZOR_PrivateData::~MRLZOR_PrivateData() = default;
+
+int MRLZOR_PrivateData::operator!=(const MRLZOR_PrivateData& other) const {
+    return !(*this == other);
+}
+
+int MRLZOR_PrivateData::operator==(const MRLZOR_PrivateData& other) const {
+    return roles == other.roles;
+}
+
+MRLZOR::MRLZOR()
+    : m_data(hblNew<MRLZOR_PrivateData>(HBL_HERE)) {}
+
+MRLZOR::MRLZOR(const MRLZOR& other, MRLObjectRegistryI& registry)
+    : m_data(hblNew<MRLZOR_PrivateData>(HBL_HERE, *other.m_data, registry)) {}
+
+MRLZOR::~MRLZOR() {
+    delete m_data;
+}
+
+int MRLZOR::isa(ObjectType type) const {
+    return type == eMRLZOR;
+}
+
+int MRLZOR::operator==(const MRLSchemaTypeI& other) const {
+    return this == &other || (other.isa(s_objectType) &&
+                              *m_data == *static_cast<const MRLZOR&>(other).m_data);
+}
+
+int MRLZOR::operator!=(const MRLSchemaTypeI& other) const {
+    return !MRLZOR::operator==(other);
+}
+
+MRLStringArray& MRLZOR::getRoles() const {
+    return m_data->roles;
+}
+
+// -- MRLZORException ----------------------------------------------------------------------------------------
+
+MRLZORException_PrivateData::MRLZORException_PrivateData(const MRLZORException_PrivateData& other,
+                                                         MRLObjectRegistryI& registry)
+    : errorCodeString(detail::copyText(other.errorCodeString, registry))
+    , messages(other.messages, registry)
+    , promptInfo(detail::copyObject(other.promptInfo, registry)) {}
+
+MRLZORException_PrivateData::~MRLZORException_PrivateData() = default;
+
+int MRLZORException_PrivateData::operator!=(const MRLZORException_PrivateData& other) const {
+    return !(*this == other);
+}
+
+int MRLZORException_PrivateData::operator==(const MRLZORException_PrivateData& other) const {
+    return detail::equalText(errorCodeString, other.errorCodeString) &&
+           messages == other.messages &&
+           detail::equalObject(promptInfo, other.promptInfo);
+}
+
+MRLZORException::MRLZORException()
+    : m_data(hblNew<MRLZORException_PrivateData>(HBL_HERE)) {}
+
+MRLZORException::MRLZORException(const MRLZORException& other, MRLObjectRegistryI& registry)
+    : m_data(hblNew<MRLZORException_PrivateData>(HBL_HERE, *other.m_data, registry)) {}
+
+MRLZORException::~MRLZORException() {
+    delete m_data;
+}
+
+int MRLZORException::isa(ObjectType type) const {
+    return type == eMRLZORException;
+}
+
+int MRLZORException::operator==(const MRLSchemaTypeI& other) const {
+    return this == &other || (other.isa(s_objectType) &&
+                              *m_data == *static_cast<const MRLZORException&>(other).m_data);
+}
+
+int MRLZORException::operator!=(const MRLSchemaTypeI& other) const {
+    return !MRLZORException::operator==(other);
+}
+
+const char* MRLZORException::getErrorCodeString() const {
+    return m_data->errorCodeString;
+}
+
+void MRLZORException::setErrorCodeString(const char* value) {
+    m_data->errorCodeString = value;
+}
+
+MRLStringArray& MRLZORException::getMessages() const {
+    return m_data->messages;
+}
+
+MRLPromptInfo* MRLZORException::getPromptInfo() const {
+    return m_data->promptInfo;
+}
+
+MRLPromptInfo* MRLZORException::getPromptInfo(MRLObjectRegistryI* registry) {
+    return detail::lazyObject(m_data->promptInfo, registry);
+}
+
+void MRLZORException::setPromptInfo(MRLPromptInfo* value) {
+    m_data->promptInfo = value;
+}
+
+// -- MRLPromptInfo ------------------------------------------------------------------------------------------
+
+MRLPromptInfo_PrivateData::MRLPromptInfo_PrivateData(const MRLPromptInfo_PrivateData& other,
+                                                     MRLObjectRegistryI& registry)
+    : captions(other.captions, registry) {}
+
+MRLPromptInfo_PrivateData::~MRLPromptInfo_PrivateData() = default;
+
+int MRLPromptInfo_PrivateData::operator!=(const MRLPromptInfo_PrivateData& other) const {
+    return !(*this == other);
+}
+
+int MRLPromptInfo_PrivateData::operator==(const MRLPromptInfo_PrivateData& other) const {
+    return captions == other.captions;
+}
+
+MRLPromptInfo::MRLPromptInfo()
+    : m_data(hblNew<MRLPromptInfo_PrivateData>(HBL_HERE)) {}
+
+MRLPromptInfo::MRLPromptInfo(const MRLPromptInfo& other, MRLObjectRegistryI& registry)
+    : m_data(hblNew<MRLPromptInfo_PrivateData>(HBL_HERE, *other.m_data, registry)) {}
+
+MRLPromptInfo::~MRLPromptInfo() {
+    delete m_data;
+}
+
+int MRLPromptInfo::isa(ObjectType type) const {
+    return type == eMRLPromptInfo;
+}
+
+int MRLPromptInfo::operator==(const MRLSchemaTypeI& other) const {
+    return this == &other || (other.isa(s_objectType) &&
+                              *m_data == *static_cast<const MRLPromptInfo&>(other).m_data);
+}
+
+int MRLPromptInfo::operator!=(const MRLSchemaTypeI& other) const {
+    return !MRLPromptInfo::operator==(other);
+}
+
+MRLStringArray& MRLPromptInfo::getCaptions() const {
+    return m_data->captions;
+}
+
+// -- MRLFaultDetail -----------------------------------------------------------------------------------------
+
+MRLFaultDetail_PrivateData::MRLFaultDetail_PrivateData(const MRLFaultDetail_PrivateData& other,
+                                                       MRLObjectRegistryI& registry)
+    : errorCode(detail::copyText(other.errorCode, registry))
+    , message(other.message, registry)
+    , severity(detail::copyText(other.severity, registry)) {}
+
+MRLFaultDetail_PrivateData::~MRLFaultDetail_PrivateData() = default;
+
+int MRLFaultDetail_PrivateData::operator!=(const MRLFaultDetail_PrivateData& other) const {
+    return !(*this == other);
+}
+
+int MRLFaultDetail_PrivateData::operator==(const MRLFaultDetail_PrivateData& other) const {
+    return detail::equalText(errorCode, other.errorCode) &&
+           message == other.message &&
+           detail::equalText(severity, other.severity);
+}
+
+MRLFaultDetail::MRLFaultDetail()
+    : m_data(hblNew<MRLFaultDetail_PrivateData>(HBL_HERE)) {}
+
+MRLFaultDetail::MRLFaultDetail(const MRLFaultDetail& other, MRLObjectRegistryI& registry)
+    : m_data(hblNew<MRLFaultDetail_PrivateData>(HBL_HERE, *other.m_data, registry)) {}
+
+MRLFaultDetail::~MRLFaultDetail() {
+    delete m_data;
+}
+
+int MRLFaultDetail::isa(ObjectType type) const {
+    return type == eMRLFaultDetail;
+}
+
+int MRLFaultDetail::operator==(const MRLSchemaTypeI& other) const {
+    return this == &other || (other.isa(s_objectType) &&
+                              *m_data == *static_cast<const MRLFaultDetail&>(other).m_data);
+}
+
+int MRLFaultDetail::operator!=(const MRLSchemaTypeI& other) const {
+    return !MRLFaultDetail::operator==(other);
+}
+
+const char* MRLFaultDetail::getErrorCode() const {
+    return m_data->errorCode;
+}
+
+void MRLFaultDetail::setErrorCode(const char* value) {
+    m_data->errorCode = value;
+}
+
+MRLFaultDetailMessageArray& MRLFaultDetail::getMessage() const {
+    return m_data->message;
+}
+
+const char* MRLFaultDetail::getSeverity() const {
+    return m_data->severity;
+}
+
+void MRLFaultDetail::setSeverity(const char* value) {
+    m_data->severity = value;
+}
+
+// -- MRLFaultDetailMessage ----------------------------------------------------------------------------------
+
+MRLFaultDetailMessage_PrivateData::MRLFaultDetailMessage_PrivateData(
+    const MRLFaultDetailMessage_PrivateData& other, MRLObjectRegistryI& registry)
+    : message(detail::copyText(other.message, registry))
+    , nestingLevel(other.nestingLevel) {}
+
+MRLFaultDetailMessage_PrivateData::~MRLFaultDetailMessage_PrivateData() = default;
+
+int MRLFaultDetailMessage_PrivateData::operator!=(const MRLFaultDetailMessage_PrivateData& other) const {
+    return !(*this == other);
+}
+
+int MRLFaultDetailMessage_PrivateData::operator==(const MRLFaultDetailMessage_PrivateData& other) const {
+    return detail::equalText(message, other.message) &&
+           nestingLevel == other.nestingLevel;
+}
+
+MRLFaultDetailMessage::MRLFaultDetailMessage()
+    : m_data(hblNew<MRLFaultDetailMessage_PrivateData>(HBL_HERE)) {}
+
+MRLFaultDetailMessage::MRLFaultDetailMessage(const MRLFaultDetailMessage& other, MRLObjectRegistryI& registry)
+    : m_data(hblNew<MRLFaultDetailMessage_PrivateData>(HBL_HERE, *other.m_data, registry)) {}
+
+MRLFaultDetailMessage::~MRLFaultDetailMessage() {
+    delete m_data;
+}
+
+int MRLFaultDetailMessage::isa(ObjectType type) const {
+    return type == eMRLFaultDetailMessage;
+}
+
+int MRLFaultDetailMessage::operator==(const MRLSchemaTypeI& other) const {
+    return this == &other || (other.isa(s_objectType) &&
+                              *m_data == *static_cast<const MRLFaultDetailMessage&>(other).m_data);
+}
+
+int MRLFaultDetailMessage::operator!=(const MRLSchemaTypeI& other) const {
+    return !MRLFaultDetailMessage::operator==(other);
+}
+
+const char* MRLFaultDetailMessage::getMessage() const {
+    return m_data->message;
+}
+
+void MRLFaultDetailMessage::setMessage(const char* value) {
+    m_data->message = value;
+}
+
+int* MRLFaultDetailMessage::getNestingLevel() const {
+    return m_data->nestingLevel.get();
+}
+
+void MRLFaultDetailMessage::setNestingLevel(int value) {
+    m_data->nestingLevel.set(value);
+}
+
+void MRLFaultDetailMessage::resetNestingLevel() {
+    m_data->nestingLevel.reset();
+}
+
+// -- MRLMessage ---------------------------------------------------------------------------------------------
+
+MRLMessage_PrivateData::MRLMessage_PrivateData(const MRLMessage_PrivateData& other,
+                                               MRLObjectRegistryI& registry)
+    : messageString(detail::copyText(other.messageString, registry))
+    , nestingLevel(other.nestingLevel) {}
+
+MRLMessage_PrivateData::~MRLMessage_PrivateData() = default;
+
+int MRLMessage_PrivateData::operator!=(const MRLMessage_PrivateData& other) const {
+    return !(*this == other);
+}
+
+int MRLMessage_PrivateData::operator==(const MRLMessage_PrivateData& other) const {
+    return detail::equalText(messageString, other.messageString) &&
+           nestingLevel == other.nestingLevel;
+}
+
+MRLMessage::MRLMessage()
+    : m_data(hblNew<MRLMessage_PrivateData>(HBL_HERE)) {}
+
+MRLMessage::MRLMessage(const MRLMessage& other, MRLObjectRegistryI& registry)
+    : m_data(hblNew<MRLMessage_PrivateData>(HBL_HERE, *other.m_data, registry)) {}
+
+MRLMessage::~MRLMessage() {
+    delete m_data;
+}
+
+int MRLMessage::isa(ObjectType type) const {
+    return type == eMRLMessage;
+}
+
+int MRLMessage::operator==(const MRLSchemaTypeI& other) const {
+    return this == &other || (other.isa(s_objectType) &&
+                              *m_data == *static_cast<const MRLMessage&>(other).m_data);
+}
+
+int MRLMessage::operator!=(const MRLSchemaTypeI& other) const {
+    return !MRLMessage::operator==(other);
+}
+
+const char* MRLMessage::getMessageString() const {
+    return m_data->messageString;
+}
+
+void MRLMessage::setMessageString(const char* value) {
+    m_data->messageString = value;
+}
+
+int* MRLMessage::getNestingLevel() const {
+    return m_data->nestingLevel.get();
+}
+
+void MRLMessage::setNestingLevel(int value) {
+    m_data->nestingLevel.set(value);
+}
+
+void MRLMessage::resetNestingLevel() {
+    m_data->nestingLevel.reset();
+}
 
 // -- MRLSchemaInfo ------------------------------------------------------------------------------------------
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Toolkit/MRLNullable.h"
+#include "Toolkit/MRLFaultDetailMessageArray.h"
 #include "Toolkit/MRLIntArray.h"
 #include "Toolkit/MRLPartArray.h"
 #include "Toolkit/MRLStringArray.h"
@@ -11,7 +12,93 @@
 class MRLObjectRegistryI;
 class MRLBase64Binary;
 class MRLPart;
+class MRLPromptInfo;
 class MRLShapeEnum;
+class MRLZOR;
+
+class MRLTavelHeader_PrivateData {
+public:
+    MRLTavelHeader_PrivateData() = default;
+    MRLTavelHeader_PrivateData(const MRLTavelHeader_PrivateData& other, MRLObjectRegistryI& registry);
+    virtual ~MRLTavelHeader_PrivateData();
+    virtual int operator!=(const MRLTavelHeader_PrivateData& other) const;
+    virtual int operator==(const MRLTavelHeader_PrivateData& other) const;
+
+    MRLZOR* ZOR = nullptr;
+};
+
+class MRLZOR_PrivateData {
+public:
+    MRLZOR_PrivateData() = default;
+    MRLZOR_PrivateData(const MRLZOR_PrivateData& other, MRLObjectRegistryI& registry);
+    virtual ~MRLZOR_PrivateData();
+    virtual int operator!=(const MRLZOR_PrivateData& other) const;
+    virtual int operator==(const MRLZOR_PrivateData& other) const;
+
+    MRLStringArray roles;
+};
+
+class MRLZORException_PrivateData {
+public:
+    MRLZORException_PrivateData() = default;
+    MRLZORException_PrivateData(const MRLZORException_PrivateData& other, MRLObjectRegistryI& registry);
+    virtual ~MRLZORException_PrivateData();
+    virtual int operator!=(const MRLZORException_PrivateData& other) const;
+    virtual int operator==(const MRLZORException_PrivateData& other) const;
+
+    const char* errorCodeString = nullptr;
+    MRLStringArray messages;
+    MRLPromptInfo* promptInfo = nullptr;
+};
+
+class MRLPromptInfo_PrivateData {
+public:
+    MRLPromptInfo_PrivateData() = default;
+    MRLPromptInfo_PrivateData(const MRLPromptInfo_PrivateData& other, MRLObjectRegistryI& registry);
+    virtual ~MRLPromptInfo_PrivateData();
+    virtual int operator!=(const MRLPromptInfo_PrivateData& other) const;
+    virtual int operator==(const MRLPromptInfo_PrivateData& other) const;
+
+    MRLStringArray captions;
+};
+
+class MRLFaultDetail_PrivateData {
+public:
+    MRLFaultDetail_PrivateData() = default;
+    MRLFaultDetail_PrivateData(const MRLFaultDetail_PrivateData& other, MRLObjectRegistryI& registry);
+    virtual ~MRLFaultDetail_PrivateData();
+    virtual int operator!=(const MRLFaultDetail_PrivateData& other) const;
+    virtual int operator==(const MRLFaultDetail_PrivateData& other) const;
+
+    const char* errorCode = nullptr;
+    MRLFaultDetailMessageArray message;
+    const char* severity = nullptr;
+};
+
+class MRLFaultDetailMessage_PrivateData {
+public:
+    MRLFaultDetailMessage_PrivateData() = default;
+    MRLFaultDetailMessage_PrivateData(const MRLFaultDetailMessage_PrivateData& other,
+                                      MRLObjectRegistryI& registry);
+    virtual ~MRLFaultDetailMessage_PrivateData();
+    virtual int operator!=(const MRLFaultDetailMessage_PrivateData& other) const;
+    virtual int operator==(const MRLFaultDetailMessage_PrivateData& other) const;
+
+    const char* message = nullptr;
+    mrl::detail::MRLNullable<int> nestingLevel;
+};
+
+class MRLMessage_PrivateData {
+public:
+    MRLMessage_PrivateData() = default;
+    MRLMessage_PrivateData(const MRLMessage_PrivateData& other, MRLObjectRegistryI& registry);
+    virtual ~MRLMessage_PrivateData();
+    virtual int operator!=(const MRLMessage_PrivateData& other) const;
+    virtual int operator==(const MRLMessage_PrivateData& other) const;
+
+    const char* messageString = nullptr;
+    mrl::detail::MRLNullable<int> nestingLevel;
+};
 
 class MRLSchemaInfo_PrivateData {
 public:

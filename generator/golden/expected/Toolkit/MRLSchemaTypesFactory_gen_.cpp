@@ -3,6 +3,7 @@
 
 #include <iterator>
 
+class MRLFaultDetailMessage;
 class MRLBox;
 class MRLLabel;
 class MRLPartArrayProp;
@@ -13,15 +14,24 @@ class MRLIntArray;
 class MRLPart;
 class MRLBareGadget;
 class MRLDecimalProp;
+class MRLZORException;
+class MRLFaultDetail;
 class MRLBooleanProp;
 class MRLThingArray;
 class MRLThingProp;
+class MRLPromptInfo;
+class MRLZOR;
+class MRLFaultDetailMessageArray;
 class MRLMarker;
 class MRLRefProp;
+class MRLFaultDetailArray;
 class MRLStringArray;
 class MRLStringProp;
+class MRLMessageArray;
+class MRLTavelHeader;
 class MRLShapeEnumArray;
 class MRLGadget;
+class MRLMessage;
 class MRLShapeEnum;
 class MRLLabelArray;
 class MRLDateTimeArray;
@@ -29,6 +39,10 @@ class MRLDateTimeArray;
 namespace mrl::detail {
 
 // Instantiated in MRLSchemaTypesSupportFactory*_gen_.cpp, which know the classes.
+extern template MRLSchemaTypeI* createSchemaType<MRLFaultDetailMessage>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLFaultDetailMessage>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLFaultDetailMessage>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLBox>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLBox>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
@@ -67,6 +81,14 @@ extern template MRLSchemaTypeI* createSchemaType<MRLDecimalProp>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLDecimalProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 extern template bool readMembers<MRLDecimalProp>(MRLSchemaTypeI&, void**);
+extern template MRLSchemaTypeI* createSchemaType<MRLZORException>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLZORException>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLZORException>(MRLSchemaTypeI&, void**);
+extern template MRLSchemaTypeI* createSchemaType<MRLFaultDetail>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLFaultDetail>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLFaultDetail>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLBooleanProp>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLBooleanProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
@@ -78,6 +100,17 @@ extern template MRLSchemaTypeI* createSchemaType<MRLThingProp>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLThingProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 extern template bool readMembers<MRLThingProp>(MRLSchemaTypeI&, void**);
+extern template MRLSchemaTypeI* createSchemaType<MRLPromptInfo>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLPromptInfo>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLPromptInfo>(MRLSchemaTypeI&, void**);
+extern template MRLSchemaTypeI* createSchemaType<MRLZOR>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLZOR>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLZOR>(MRLSchemaTypeI&, void**);
+extern template MRLSchemaTypeI* createSchemaType<MRLFaultDetailMessageArray>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLFaultDetailMessageArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 extern template MRLSchemaTypeI* createSchemaType<MRLMarker>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLMarker>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
@@ -86,6 +119,9 @@ extern template MRLSchemaTypeI* createSchemaType<MRLRefProp>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLRefProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 extern template bool readMembers<MRLRefProp>(MRLSchemaTypeI&, void**);
+extern template MRLSchemaTypeI* createSchemaType<MRLFaultDetailArray>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLFaultDetailArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 extern template MRLSchemaTypeI* createSchemaType<MRLStringArray>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLStringArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
@@ -93,6 +129,13 @@ extern template MRLSchemaTypeI* createSchemaType<MRLStringProp>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLStringProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 extern template bool readMembers<MRLStringProp>(MRLSchemaTypeI&, void**);
+extern template MRLSchemaTypeI* createSchemaType<MRLMessageArray>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLMessageArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template MRLSchemaTypeI* createSchemaType<MRLTavelHeader>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLTavelHeader>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLTavelHeader>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLShapeEnumArray>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLShapeEnumArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
@@ -100,6 +143,10 @@ extern template MRLSchemaTypeI* createSchemaType<MRLGadget>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLGadget>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 extern template bool readMembers<MRLGadget>(MRLSchemaTypeI&, void**);
+extern template MRLSchemaTypeI* createSchemaType<MRLMessage>();
+extern template MRLSchemaTypeI*
+copySchemaType<MRLMessage>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+extern template bool readMembers<MRLMessage>(MRLSchemaTypeI&, void**);
 extern template MRLSchemaTypeI* createSchemaType<MRLShapeEnum>();
 extern template MRLSchemaTypeI*
 copySchemaType<MRLShapeEnum>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
@@ -111,6 +158,9 @@ extern template MRLSchemaTypeI*
 copySchemaType<MRLDateTimeArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 
 static constexpr SchemaTypeRow g_schemaTypeRows[] = {
+    {MRLSchemaTypeI::eMRLFaultDetailMessage, "bus:faultDetailMessage",
+     &createSchemaType<MRLFaultDetailMessage>, &copySchemaType<MRLFaultDetailMessage>,
+     nullptr, false, &readMembers<MRLFaultDetailMessage>},
     {MRLSchemaTypeI::eMRLBox, "bus:box",
      &createSchemaType<MRLBox>, &copySchemaType<MRLBox>,
      nullptr, false, &readMembers<MRLBox>},
@@ -142,6 +192,12 @@ static constexpr SchemaTypeRow g_schemaTypeRows[] = {
     {MRLSchemaTypeI::eMRLDecimalProp, "bus:decimalProp",
      &createSchemaType<MRLDecimalProp>, &copySchemaType<MRLDecimalProp>,
      nullptr, false, &readMembers<MRLDecimalProp>},
+    {MRLSchemaTypeI::eMRLZORException, "bus:ZORException",
+     &createSchemaType<MRLZORException>, &copySchemaType<MRLZORException>,
+     nullptr, false, &readMembers<MRLZORException>},
+    {MRLSchemaTypeI::eMRLFaultDetail, "bus:faultDetail",
+     &createSchemaType<MRLFaultDetail>, &copySchemaType<MRLFaultDetail>,
+     nullptr, false, &readMembers<MRLFaultDetail>},
     {MRLSchemaTypeI::eMRLBooleanProp, "bus:booleanProp",
      &createSchemaType<MRLBooleanProp>, &copySchemaType<MRLBooleanProp>,
      nullptr, false, &readMembers<MRLBooleanProp>},
@@ -152,24 +208,45 @@ static constexpr SchemaTypeRow g_schemaTypeRows[] = {
     {MRLSchemaTypeI::eMRLThingProp, "bus:thingProp",
      &createSchemaType<MRLThingProp>, &copySchemaType<MRLThingProp>,
      nullptr, false, &readMembers<MRLThingProp>},
+    {MRLSchemaTypeI::eMRLPromptInfo, "bus:promptInfo",
+     &createSchemaType<MRLPromptInfo>, &copySchemaType<MRLPromptInfo>,
+     nullptr, false, &readMembers<MRLPromptInfo>},
+    {MRLSchemaTypeI::eMRLZOR, "bus:ZOR",
+     &createSchemaType<MRLZOR>, &copySchemaType<MRLZOR>,
+     nullptr, false, &readMembers<MRLZOR>},
+    {MRLSchemaTypeI::eMRLFaultDetailMessageArray, "bus:faultDetailMessageArray",
+     &createSchemaType<MRLFaultDetailMessageArray>, &copySchemaType<MRLFaultDetailMessageArray>,
+     "bus:faultDetailMessage", true, nullptr},
     {MRLSchemaTypeI::eMRLMarker, "bus:marker",
      &createSchemaType<MRLMarker>, &copySchemaType<MRLMarker>,
      nullptr, false, &readMembers<MRLMarker>},
     {MRLSchemaTypeI::eMRLRefProp, "bus:refProp",
      &createSchemaType<MRLRefProp>, &copySchemaType<MRLRefProp>,
      nullptr, false, &readMembers<MRLRefProp>},
+    {MRLSchemaTypeI::eMRLFaultDetailArray, "bus:faultDetailArray",
+     &createSchemaType<MRLFaultDetailArray>, &copySchemaType<MRLFaultDetailArray>,
+     "bus:faultDetail", true, nullptr},
     {MRLSchemaTypeI::eMRLStringArray, "bus:stringArray",
      &createSchemaType<MRLStringArray>, &copySchemaType<MRLStringArray>,
      "xs:string", false, nullptr},
     {MRLSchemaTypeI::eMRLStringProp, "bus:stringProp",
      &createSchemaType<MRLStringProp>, &copySchemaType<MRLStringProp>,
      nullptr, false, &readMembers<MRLStringProp>},
+    {MRLSchemaTypeI::eMRLMessageArray, "bus:messageArray",
+     &createSchemaType<MRLMessageArray>, &copySchemaType<MRLMessageArray>,
+     "bus:message", true, nullptr},
+    {MRLSchemaTypeI::eMRLTavelHeader, "bus:tavelHeader",
+     &createSchemaType<MRLTavelHeader>, &copySchemaType<MRLTavelHeader>,
+     nullptr, false, &readMembers<MRLTavelHeader>},
     {MRLSchemaTypeI::eMRLShapeEnumArray, "bus:shapeEnumArray",
      &createSchemaType<MRLShapeEnumArray>, &copySchemaType<MRLShapeEnumArray>,
      "bus:shapeEnum", true, nullptr},
     {MRLSchemaTypeI::eMRLGadget, "bus:gadget",
      &createSchemaType<MRLGadget>, &copySchemaType<MRLGadget>,
      nullptr, false, &readMembers<MRLGadget>},
+    {MRLSchemaTypeI::eMRLMessage, "bus:message",
+     &createSchemaType<MRLMessage>, &copySchemaType<MRLMessage>,
+     nullptr, false, &readMembers<MRLMessage>},
     {MRLSchemaTypeI::eMRLShapeEnum, "bus:shapeEnum",
      &createSchemaType<MRLShapeEnum>, &copySchemaType<MRLShapeEnum>,
      nullptr, false, nullptr},

@@ -6,18 +6,26 @@
 #include "Toolkit/MRLBareGadget.h"
 #include "Toolkit/MRLBase64Binary.h"
 #include "Toolkit/MRLBox.h"
+#include "Toolkit/MRLFaultDetail.h"
+#include "Toolkit/MRLFaultDetailMessage.h"
+#include "Toolkit/MRLFaultDetailMessageArray.h"
 #include "Toolkit/MRLGadget.h"
 #include "Toolkit/MRLIntArray.h"
 #include "Toolkit/MRLLabel.h"
 #include "Toolkit/MRLMarker.h"
+#include "Toolkit/MRLMessage.h"
 #include "Toolkit/MRLPart.h"
 #include "Toolkit/MRLPartArray.h"
+#include "Toolkit/MRLPromptInfo.h"
 #include "Toolkit/MRLSchemaInfo.h"
 #include "Toolkit/MRLShapeEnum.h"
 #include "Toolkit/MRLStringArray.h"
 #include "Toolkit/MRLSwap.h"
+#include "Toolkit/MRLTavelHeader.h"
 #include "Toolkit/MRLThing.h"
 #include "Toolkit/MRLThingArray.h"
+#include "Toolkit/MRLZOR.h"
+#include "Toolkit/MRLZORException.h"
 
 #include "HBLCore/HBLFailure.h"
 
@@ -30,19 +38,555 @@ void** memberValues<MRLBareGadget>(MRLBareGadget&, void**);
 template <>
 void** memberValues<MRLBox>(MRLBox&, void**);
 template <>
+void** memberValues<MRLFaultDetail>(MRLFaultDetail&, void**);
+template <>
+void** memberValues<MRLFaultDetailMessage>(MRLFaultDetailMessage&, void**);
+template <>
 void** memberValues<MRLGadget>(MRLGadget&, void**);
 template <>
 void** memberValues<MRLLabel>(MRLLabel&, void**);
 template <>
 void** memberValues<MRLMarker>(MRLMarker&, void**);
 template <>
+void** memberValues<MRLMessage>(MRLMessage&, void**);
+template <>
 void** memberValues<MRLPart>(MRLPart&, void**);
+template <>
+void** memberValues<MRLPromptInfo>(MRLPromptInfo&, void**);
 template <>
 void** memberValues<MRLSchemaInfo>(MRLSchemaInfo&, void**);
 template <>
 void** memberValues<MRLSwap>(MRLSwap&, void**);
 template <>
+void** memberValues<MRLTavelHeader>(MRLTavelHeader&, void**);
+template <>
 void** memberValues<MRLThing>(MRLThing&, void**);
+template <>
+void** memberValues<MRLZOR>(MRLZOR&, void**);
+template <>
+void** memberValues<MRLZORException>(MRLZORException&, void**);
+
+} // namespace mrl::detail
+
+// -- MRLTavelHeader -----------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLTavelHeader::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLTavelHeader::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLTavelHeader::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0x6CEE1166: return detail::childObject(m_data->ZOR, create); // ZOR
+        default: break;
+        }
+    }
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLTavelHeader::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0x6CEE1166: return eMRLZOR; // ZOR
+    default: return e_Unknown;
+    }
+}
+
+std::size_t MRLTavelHeader::setChildObject(const char* name, void* obj, const ObjectType& type,
+                                           std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    if (*name == '\0')
+        return 0;
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0x6CEE1166: // ZOR
+        detail::setObject(m_data->ZOR, obj, type, owner, key);
+        return 0;
+    default: return 0;
+    }
+}
+
+void MRLTavelHeader::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    detail::appendNames(names, {
+                                   0x6CEE1166 // ZOR
+                               });
+}
+
+std::size_t MRLTavelHeader::getChildObjectCount() const {
+    return 1;
+}
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLTavelHeader>(MRLTavelHeader& object, void** values) {
+    *values++ = memberValue(object.getZOR());
+    return values;
+}
+
+} // namespace mrl::detail
+
+// -- MRLZOR -------------------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLZOR::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLZOR::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLZOR::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0xB63E2EC7: return detail::childObject(m_data->roles, create); // roles
+        default: break;
+        }
+    }
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLZOR::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0xB63E2EC7: return eMRLStringArray; // roles
+    default: return e_Unknown;
+    }
+}
+
+std::size_t MRLZOR::setChildObject(const char* name, void* obj, const ObjectType& /*type*/,
+                                   std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    if (*name == '\0')
+        return 0;
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0xB63E2EC7: detail::refuseArrayMember("roles", s_className);
+    default: return 0;
+    }
+}
+
+void MRLZOR::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    detail::appendNames(names, {
+                                   0xB63E2EC7 // roles
+                               });
+}
+
+std::size_t MRLZOR::getChildObjectCount() const {
+    return 1;
+}
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLZOR>(MRLZOR& object, void** values) {
+    *values++ = memberValue(object.getRoles());
+    return values;
+}
+
+} // namespace mrl::detail
+
+// -- MRLZORException ----------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLZORException::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLZORException::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLZORException::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0xD8E3770A: return detail::childObject(m_data->errorCodeString, create); // errorCodeString
+        case 0xDB021E96: return detail::childObject(m_data->messages, create); // messages
+        case 0x65B39334: return detail::childObject(m_data->promptInfo, create); // promptInfo
+        default: break;
+        }
+    }
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLZORException::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0xD8E3770A: return eString; // errorCodeString
+    case 0xDB021E96: return eMRLStringArray; // messages
+    case 0x65B39334: return eMRLPromptInfo; // promptInfo
+    default: return e_Unknown;
+    }
+}
+
+std::size_t MRLZORException::setChildObject(const char* name, void* obj, const ObjectType& type,
+                                            std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    if (*name == '\0')
+        return 0;
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0xD8E3770A: // errorCodeString
+        detail::setText(m_data->errorCodeString, obj, type, owner, key);
+        return 0;
+    case 0xDB021E96: detail::refuseArrayMember("messages", s_className);
+    case 0x65B39334: // promptInfo
+        detail::setObject(m_data->promptInfo, obj, type, owner, key);
+        return 0;
+    default: return 0;
+    }
+}
+
+void MRLZORException::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    detail::appendNames(names, {
+                                   0xD8E3770A, // errorCodeString
+                                   0xDB021E96, // messages
+                                   0x65B39334 // promptInfo
+                               });
+}
+
+std::size_t MRLZORException::getChildObjectCount() const {
+    return 3;
+}
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLZORException>(MRLZORException& object, void** values) {
+    *values++ = memberValue(object.getErrorCodeString());
+    *values++ = memberValue(object.getMessages());
+    *values++ = memberValue(object.getPromptInfo());
+    return values;
+}
+
+} // namespace mrl::detail
+
+// -- MRLPromptInfo ------------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLPromptInfo::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLPromptInfo::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLPromptInfo::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0x26202695: return detail::childObject(m_data->captions, create); // captions
+        default: break;
+        }
+    }
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLPromptInfo::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0x26202695: return eMRLStringArray; // captions
+    default: return e_Unknown;
+    }
+}
+
+std::size_t MRLPromptInfo::setChildObject(const char* name, void* obj, const ObjectType& /*type*/,
+                                          std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    if (*name == '\0')
+        return 0;
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0x26202695: detail::refuseArrayMember("captions", s_className);
+    default: return 0;
+    }
+}
+
+void MRLPromptInfo::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    detail::appendNames(names, {
+                                   0x26202695 // captions
+                               });
+}
+
+std::size_t MRLPromptInfo::getChildObjectCount() const {
+    return 1;
+}
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLPromptInfo>(MRLPromptInfo& object, void** values) {
+    *values++ = memberValue(object.getCaptions());
+    return values;
+}
+
+} // namespace mrl::detail
+
+// -- MRLFaultDetail -----------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLFaultDetail::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLFaultDetail::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLFaultDetail::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0xE9ACC930: return detail::childObject(m_data->errorCode, create); // errorCode
+        case 0xB6BD307F: return detail::childObject(m_data->message, create); // message
+        case 0xF660D16B: return detail::childObject(m_data->severity, create); // severity
+        default: break;
+        }
+    }
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLFaultDetail::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0xE9ACC930: return eString; // errorCode
+    case 0xB6BD307F: return eMRLFaultDetailMessageArray; // message
+    case 0xF660D16B: return eString; // severity
+    default: return e_Unknown;
+    }
+}
+
+std::size_t MRLFaultDetail::setChildObject(const char* name, void* obj, const ObjectType& type,
+                                           std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    if (*name == '\0')
+        return 0;
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0xE9ACC930: // errorCode
+        detail::setText(m_data->errorCode, obj, type, owner, key);
+        return 0;
+    case 0xB6BD307F: detail::refuseArrayMember("message", s_className);
+    case 0xF660D16B: // severity
+        detail::setText(m_data->severity, obj, type, owner, key);
+        return 0;
+    default: return 0;
+    }
+}
+
+void MRLFaultDetail::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    detail::appendNames(names, {
+                                   0xE9ACC930, // errorCode
+                                   0xB6BD307F, // message
+                                   0xF660D16B // severity
+                               });
+}
+
+std::size_t MRLFaultDetail::getChildObjectCount() const {
+    return 3;
+}
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLFaultDetail>(MRLFaultDetail& object, void** values) {
+    *values++ = memberValue(object.getErrorCode());
+    *values++ = memberValue(object.getMessage());
+    *values++ = memberValue(object.getSeverity());
+    return values;
+}
+
+} // namespace mrl::detail
+
+// -- MRLFaultDetailMessage ----------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLFaultDetailMessage::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLFaultDetailMessage::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLFaultDetailMessage::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0xB6BD307F: return detail::childObject(m_data->message, create); // message
+        case 0xB7D14881: return detail::childObject(m_data->nestingLevel, create); // nestingLevel
+        default: break;
+        }
+    }
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLFaultDetailMessage::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0xB6BD307F: return eString; // message
+    case 0xB7D14881: return eInt; // nestingLevel
+    default: return e_Unknown;
+    }
+}
+
+std::size_t MRLFaultDetailMessage::setChildObject(const char* name, void* obj, const ObjectType& type,
+                                                  std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    if (*name == '\0')
+        return 0;
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0xB6BD307F: // message
+        detail::setText(m_data->message, obj, type, owner, key);
+        return 0;
+    case 0xB7D14881: // nestingLevel
+        detail::setNullable(m_data->nestingLevel, obj, type, eInt, owner, key);
+        return 0;
+    default: return 0;
+    }
+}
+
+void MRLFaultDetailMessage::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    detail::appendNames(names, {
+                                   0xB6BD307F, // message
+                                   0xB7D14881 // nestingLevel
+                               });
+}
+
+std::size_t MRLFaultDetailMessage::getChildObjectCount() const {
+    return 2;
+}
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLFaultDetailMessage>(MRLFaultDetailMessage& object, void** values) {
+    *values++ = memberValue(object.getMessage());
+    *values++ = memberValue(object.getNestingLevel());
+    return values;
+}
+
+} // namespace mrl::detail
+
+// -- MRLMessage ---------------------------------------------------------------------------------------------
+
+MRLSchemaTypeI::ObjectType MRLMessage::getObjectType() const {
+    return s_objectType;
+}
+
+const std::string& MRLMessage::getGeneratedObjectName() const {
+    static const std::string name = s_className;
+    return name;
+}
+
+void* MRLMessage::getChildObject(const char* name, int create) {
+    HBL_ASSERT(name);
+    if (m_data != nullptr) {
+        switch (detail::childKey(name)) {
+        case 0xEC8CA4E8: return detail::childObject(m_data->messageString, create); // messageString
+        case 0xB7D14881: return detail::childObject(m_data->nestingLevel, create); // nestingLevel
+        default: break;
+        }
+    }
+    return nullptr;
+}
+
+MRLSchemaTypeI::ObjectType MRLMessage::getChildType(const char* name) const {
+    HBL_ASSERT(name);
+    switch (detail::childKey(name)) {
+    case 0xEC8CA4E8: return eString; // messageString
+    case 0xB7D14881: return eInt; // nestingLevel
+    default: return e_Unknown;
+    }
+}
+
+std::size_t MRLMessage::setChildObject(const char* name, void* obj, const ObjectType& type,
+                                       std::size_t* /*index*/) {
+    HBL_ASSERT(name);
+    if (*name == '\0')
+        return 0;
+    HBL_ASSERT(obj != NULL);
+    if (m_data == nullptr)
+        return 0;
+    constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
+    const std::uint32_t key = detail::childKey(name);
+    switch (key) {
+    case 0xEC8CA4E8: // messageString
+        detail::setText(m_data->messageString, obj, type, owner, key);
+        return 0;
+    case 0xB7D14881: // nestingLevel
+        detail::setNullable(m_data->nestingLevel, obj, type, eInt, owner, key);
+        return 0;
+    default: return 0;
+    }
+}
+
+void MRLMessage::getChildObjectNames(std::vector<const char*>& names, bool reserve) const {
+    if (reserve)
+        names.reserve(getChildObjectCount());
+    detail::appendNames(names, {
+                                   0xEC8CA4E8, // messageString
+                                   0xB7D14881 // nestingLevel
+                               });
+}
+
+std::size_t MRLMessage::getChildObjectCount() const {
+    return 2;
+}
+
+namespace mrl::detail {
+
+template <>
+void** memberValues<MRLMessage>(MRLMessage& object, void** values) {
+    *values++ = memberValue(object.getMessageString());
+    *values++ = memberValue(object.getNestingLevel());
+    return values;
+}
 
 } // namespace mrl::detail
 

@@ -1,19 +1,28 @@
 // Generated from the catalogue: how to make and copy each concrete type, and how to read its members.
 #include "Toolkit/MRLSchemaTypeRows.h"
 
+#include "Toolkit/MRLZOR.h"
+#include "Toolkit/MRLZORException.h"
 #include "Toolkit/MRLBareGadget.h"
 #include "Toolkit/MRLBooleanProp.h"
 #include "Toolkit/MRLBox.h"
 #include "Toolkit/MRLDateTimeArray.h"
 #include "Toolkit/MRLDecimalProp.h"
+#include "Toolkit/MRLFaultDetail.h"
+#include "Toolkit/MRLFaultDetailArray.h"
+#include "Toolkit/MRLFaultDetailMessage.h"
+#include "Toolkit/MRLFaultDetailMessageArray.h"
 #include "Toolkit/MRLGadget.h"
 #include "Toolkit/MRLIntArray.h"
 #include "Toolkit/MRLLabel.h"
 #include "Toolkit/MRLLabelArray.h"
 #include "Toolkit/MRLMarker.h"
+#include "Toolkit/MRLMessage.h"
+#include "Toolkit/MRLMessageArray.h"
 #include "Toolkit/MRLPart.h"
 #include "Toolkit/MRLPartArray.h"
 #include "Toolkit/MRLPartArrayProp.h"
+#include "Toolkit/MRLPromptInfo.h"
 #include "Toolkit/MRLRefProp.h"
 #include "Toolkit/MRLSchemaInfo.h"
 #include "Toolkit/MRLShapeEnum.h"
@@ -21,10 +30,27 @@
 #include "Toolkit/MRLStringArray.h"
 #include "Toolkit/MRLStringProp.h"
 #include "Toolkit/MRLSwap.h"
+#include "Toolkit/MRLTavelHeader.h"
 #include "Toolkit/MRLThingArray.h"
 #include "Toolkit/MRLThingProp.h"
 
 namespace mrl::detail {
+
+template <>
+void** memberValues<MRLZOR>(MRLZOR&, void**);
+template bool readMembers<MRLZOR>(MRLSchemaTypeI&, void**);
+
+template MRLSchemaTypeI* createSchemaType<MRLZOR>();
+template MRLSchemaTypeI*
+copySchemaType<MRLZOR>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template <>
+void** memberValues<MRLZORException>(MRLZORException&, void**);
+template bool readMembers<MRLZORException>(MRLSchemaTypeI&, void**);
+
+template MRLSchemaTypeI* createSchemaType<MRLZORException>();
+template MRLSchemaTypeI*
+copySchemaType<MRLZORException>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 
 template <>
 void** memberValues<MRLBareGadget>(MRLBareGadget&, void**);
@@ -63,6 +89,30 @@ template MRLSchemaTypeI*
 copySchemaType<MRLDecimalProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 
 template <>
+void** memberValues<MRLFaultDetail>(MRLFaultDetail&, void**);
+template bool readMembers<MRLFaultDetail>(MRLSchemaTypeI&, void**);
+
+template MRLSchemaTypeI* createSchemaType<MRLFaultDetail>();
+template MRLSchemaTypeI*
+copySchemaType<MRLFaultDetail>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLFaultDetailArray>();
+template MRLSchemaTypeI*
+copySchemaType<MRLFaultDetailArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template <>
+void** memberValues<MRLFaultDetailMessage>(MRLFaultDetailMessage&, void**);
+template bool readMembers<MRLFaultDetailMessage>(MRLSchemaTypeI&, void**);
+
+template MRLSchemaTypeI* createSchemaType<MRLFaultDetailMessage>();
+template MRLSchemaTypeI*
+copySchemaType<MRLFaultDetailMessage>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLFaultDetailMessageArray>();
+template MRLSchemaTypeI*
+copySchemaType<MRLFaultDetailMessageArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template <>
 void** memberValues<MRLGadget>(MRLGadget&, void**);
 template bool readMembers<MRLGadget>(MRLSchemaTypeI&, void**);
 
@@ -95,6 +145,18 @@ template MRLSchemaTypeI*
 copySchemaType<MRLMarker>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 
 template <>
+void** memberValues<MRLMessage>(MRLMessage&, void**);
+template bool readMembers<MRLMessage>(MRLSchemaTypeI&, void**);
+
+template MRLSchemaTypeI* createSchemaType<MRLMessage>();
+template MRLSchemaTypeI*
+copySchemaType<MRLMessage>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template MRLSchemaTypeI* createSchemaType<MRLMessageArray>();
+template MRLSchemaTypeI*
+copySchemaType<MRLMessageArray>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template <>
 void** memberValues<MRLPart>(MRLPart&, void**);
 template bool readMembers<MRLPart>(MRLSchemaTypeI&, void**);
 
@@ -113,6 +175,14 @@ template bool readMembers<MRLPartArrayProp>(MRLSchemaTypeI&, void**);
 template MRLSchemaTypeI* createSchemaType<MRLPartArrayProp>();
 template MRLSchemaTypeI*
 copySchemaType<MRLPartArrayProp>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template <>
+void** memberValues<MRLPromptInfo>(MRLPromptInfo&, void**);
+template bool readMembers<MRLPromptInfo>(MRLSchemaTypeI&, void**);
+
+template MRLSchemaTypeI* createSchemaType<MRLPromptInfo>();
+template MRLSchemaTypeI*
+copySchemaType<MRLPromptInfo>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 
 template <>
 void** memberValues<MRLRefProp>(MRLRefProp&, void**);
@@ -157,6 +227,14 @@ template bool readMembers<MRLSwap>(MRLSchemaTypeI&, void**);
 template MRLSchemaTypeI* createSchemaType<MRLSwap>();
 template MRLSchemaTypeI*
 copySchemaType<MRLSwap>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
+
+template <>
+void** memberValues<MRLTavelHeader>(MRLTavelHeader&, void**);
+template bool readMembers<MRLTavelHeader>(MRLSchemaTypeI&, void**);
+
+template MRLSchemaTypeI* createSchemaType<MRLTavelHeader>();
+template MRLSchemaTypeI*
+copySchemaType<MRLTavelHeader>(const MRLSchemaTypeI&, MRLObjectRegistryI&);
 
 template MRLSchemaTypeI* createSchemaType<MRLThingArray>();
 template MRLSchemaTypeI*

@@ -1,0 +1,52 @@
+// Generated from catalogue/classes/runtime.toml.
+#pragma once
+
+#include "Toolkit/MRLSchemaTypeI.h"
+
+#include "HBLCore/MRLExport.h"
+
+class MRLObjectRegistryI;
+class MRLFaultDetailMessageArray;
+class MRLFaultDetail_PrivateData;
+
+/// `faultDetail` in the schema, a class of its own.
+/// Setters keep pointers and copy nothing; getters that take a registry make what is absent there.
+class MRL_EXPORT MRLFaultDetail : public MRLSchemaTypeI {
+public:
+    static constexpr ObjectType s_objectType = eMRLFaultDetail;
+    static constexpr const char* s_className = "MRLFaultDetail";
+
+    MRLFaultDetail();
+    /// A deep copy; `registry` owns every text and object made for it.
+    MRLFaultDetail(const MRLFaultDetail& other, MRLObjectRegistryI& registry);
+    MRLFaultDetail(const MRLFaultDetail&) = delete;
+    MRLFaultDetail& operator=(const MRLFaultDetail&) = delete;
+    ~MRLFaultDetail() override;
+
+    ObjectType getObjectType() const override;
+    const std::string& getGeneratedObjectName() const override;
+    void* getChildObject(const char* name, int create) override;
+    ObjectType getChildType(const char* name) const override;
+    std::size_t setChildObject(const char* name, void* obj, const ObjectType& type,
+                               std::size_t* index) override;
+    void getChildObjectNames(std::vector<const char*>& names, bool reserve) const override;
+    int isa(ObjectType type) const override;
+    virtual int operator==(const MRLSchemaTypeI& other) const;
+    virtual int operator!=(const MRLSchemaTypeI& other) const;
+
+    /// The value of `errorCode`.
+    const char* getErrorCode() const;
+    void setErrorCode(const char* value);
+
+    /// The value of `message`.
+    MRLFaultDetailMessageArray& getMessage() const;
+
+    /// The value of `severity`.
+    const char* getSeverity() const;
+    void setSeverity(const char* value);
+
+private:
+    std::size_t getChildObjectCount() const override;
+
+    MRLFaultDetail_PrivateData* m_data; // owned
+};

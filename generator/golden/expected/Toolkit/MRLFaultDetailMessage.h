@@ -1,0 +1,49 @@
+// Generated from catalogue/classes/runtime.toml.
+#pragma once
+
+#include "Toolkit/MRLSchemaTypeI.h"
+
+#include "HBLCore/MRLExport.h"
+
+class MRLObjectRegistryI;
+class MRLFaultDetailMessage_PrivateData;
+
+/// `faultDetailMessage` in the schema, a class of its own.
+/// Setters keep pointers and copy nothing; getters that take a registry make what is absent there.
+class MRL_EXPORT MRLFaultDetailMessage : public MRLSchemaTypeI {
+public:
+    static constexpr ObjectType s_objectType = eMRLFaultDetailMessage;
+    static constexpr const char* s_className = "MRLFaultDetailMessage";
+
+    MRLFaultDetailMessage();
+    /// A deep copy; `registry` owns every text and object made for it.
+    MRLFaultDetailMessage(const MRLFaultDetailMessage& other, MRLObjectRegistryI& registry);
+    MRLFaultDetailMessage(const MRLFaultDetailMessage&) = delete;
+    MRLFaultDetailMessage& operator=(const MRLFaultDetailMessage&) = delete;
+    ~MRLFaultDetailMessage() override;
+
+    ObjectType getObjectType() const override;
+    const std::string& getGeneratedObjectName() const override;
+    void* getChildObject(const char* name, int create) override;
+    ObjectType getChildType(const char* name) const override;
+    std::size_t setChildObject(const char* name, void* obj, const ObjectType& type,
+                               std::size_t* index) override;
+    void getChildObjectNames(std::vector<const char*>& names, bool reserve) const override;
+    int isa(ObjectType type) const override;
+    virtual int operator==(const MRLSchemaTypeI& other) const;
+    virtual int operator!=(const MRLSchemaTypeI& other) const;
+
+    /// The value of `message`.
+    const char* getMessage() const;
+    void setMessage(const char* value);
+
+    /// The value of `nestingLevel`.
+    int* getNestingLevel() const;
+    void setNestingLevel(int value);
+    void resetNestingLevel();
+
+private:
+    std::size_t getChildObjectCount() const override;
+
+    MRLFaultDetailMessage_PrivateData* m_data; // owned
+};

@@ -1,0 +1,49 @@
+// Generated from catalogue/classes/runtime.toml.
+#pragma once
+
+#include "Toolkit/MRLSchemaTypeI.h"
+
+#include "HBLCore/MRLExport.h"
+
+class MRLObjectRegistryI;
+class MRLMessage_PrivateData;
+
+/// `message` in the schema, a class of its own.
+/// Setters keep pointers and copy nothing; getters that take a registry make what is absent there.
+class MRL_EXPORT MRLMessage : public MRLSchemaTypeI {
+public:
+    static constexpr ObjectType s_objectType = eMRLMessage;
+    static constexpr const char* s_className = "MRLMessage";
+
+    MRLMessage();
+    /// A deep copy; `registry` owns every text and object made for it.
+    MRLMessage(const MRLMessage& other, MRLObjectRegistryI& registry);
+    MRLMessage(const MRLMessage&) = delete;
+    MRLMessage& operator=(const MRLMessage&) = delete;
+    ~MRLMessage() override;
+
+    ObjectType getObjectType() const override;
+    const std::string& getGeneratedObjectName() const override;
+    void* getChildObject(const char* name, int create) override;
+    ObjectType getChildType(const char* name) const override;
+    std::size_t setChildObject(const char* name, void* obj, const ObjectType& type,
+                               std::size_t* index) override;
+    void getChildObjectNames(std::vector<const char*>& names, bool reserve) const override;
+    int isa(ObjectType type) const override;
+    virtual int operator==(const MRLSchemaTypeI& other) const;
+    virtual int operator!=(const MRLSchemaTypeI& other) const;
+
+    /// The value of `messageString`.
+    const char* getMessageString() const;
+    void setMessageString(const char* value);
+
+    /// The value of `nestingLevel`.
+    int* getNestingLevel() const;
+    void setNestingLevel(int value);
+    void resetNestingLevel();
+
+private:
+    std::size_t getChildObjectCount() const override;
+
+    MRLMessage_PrivateData* m_data; // owned
+};

@@ -1,0 +1,44 @@
+// Generated from catalogue/classes/runtime.toml.
+#pragma once
+
+#include "Toolkit/MRLSchemaTypeI.h"
+
+#include "HBLCore/MRLExport.h"
+
+class MRLObjectRegistryI;
+class MRLStringArray;
+class MRLPromptInfo_PrivateData;
+
+/// `promptInfo` in the schema, a class of its own.
+/// Setters keep pointers and copy nothing; getters that take a registry make what is absent there.
+class MRL_EXPORT MRLPromptInfo : public MRLSchemaTypeI {
+public:
+    static constexpr ObjectType s_objectType = eMRLPromptInfo;
+    static constexpr const char* s_className = "MRLPromptInfo";
+
+    MRLPromptInfo();
+    /// A deep copy; `registry` owns every text and object made for it.
+    MRLPromptInfo(const MRLPromptInfo& other, MRLObjectRegistryI& registry);
+    MRLPromptInfo(const MRLPromptInfo&) = delete;
+    MRLPromptInfo& operator=(const MRLPromptInfo&) = delete;
+    ~MRLPromptInfo() override;
+
+    ObjectType getObjectType() const override;
+    const std::string& getGeneratedObjectName() const override;
+    void* getChildObject(const char* name, int create) override;
+    ObjectType getChildType(const char* name) const override;
+    std::size_t setChildObject(const char* name, void* obj, const ObjectType& type,
+                               std::size_t* index) override;
+    void getChildObjectNames(std::vector<const char*>& names, bool reserve) const override;
+    int isa(ObjectType type) const override;
+    virtual int operator==(const MRLSchemaTypeI& other) const;
+    virtual int operator!=(const MRLSchemaTypeI& other) const;
+
+    /// The value of `captions`.
+    MRLStringArray& getCaptions() const;
+
+private:
+    std::size_t getChildObjectCount() const override;
+
+    MRLPromptInfo_PrivateData* m_data; // owned
+};

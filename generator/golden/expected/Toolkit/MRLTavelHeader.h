@@ -1,0 +1,46 @@
+// Generated from catalogue/classes/runtime.toml.
+#pragma once
+
+#include "Toolkit/MRLSchemaTypeI.h"
+
+#include "HBLCore/MRLExport.h"
+
+class MRLObjectRegistryI;
+class MRLZOR;
+class MRLTavelHeader_PrivateData;
+
+/// `tavelHeader` in the schema, a class of its own.
+/// Setters keep pointers and copy nothing; getters that take a registry make what is absent there.
+class MRL_EXPORT MRLTavelHeader : public MRLSchemaTypeI {
+public:
+    static constexpr ObjectType s_objectType = eMRLTavelHeader;
+    static constexpr const char* s_className = "MRLTavelHeader";
+
+    MRLTavelHeader();
+    /// A deep copy; `registry` owns every text and object made for it.
+    MRLTavelHeader(const MRLTavelHeader& other, MRLObjectRegistryI& registry);
+    MRLTavelHeader(const MRLTavelHeader&) = delete;
+    MRLTavelHeader& operator=(const MRLTavelHeader&) = delete;
+    ~MRLTavelHeader() override;
+
+    ObjectType getObjectType() const override;
+    const std::string& getGeneratedObjectName() const override;
+    void* getChildObject(const char* name, int create) override;
+    ObjectType getChildType(const char* name) const override;
+    std::size_t setChildObject(const char* name, void* obj, const ObjectType& type,
+                               std::size_t* index) override;
+    void getChildObjectNames(std::vector<const char*>& names, bool reserve) const override;
+    int isa(ObjectType type) const override;
+    virtual int operator==(const MRLSchemaTypeI& other) const;
+    virtual int operator!=(const MRLSchemaTypeI& other) const;
+
+    /// The value of `ZOR`.
+    MRLZOR* getZOR() const;
+    MRLZOR* getZOR(MRLObjectRegistryI* registry);
+    void setZOR(MRLZOR* value);
+
+private:
+    std::size_t getChildObjectCount() const override;
+
+    MRLTavelHeader_PrivateData* m_data; // owned
+};

@@ -1,0 +1,44 @@
+// Generated from catalogue/classes/runtime.toml.
+#pragma once
+
+#include "Toolkit/MRLSchemaTypeI.h"
+
+#include "HBLCore/MRLExport.h"
+
+class MRLObjectRegistryI;
+class MRLStringArray;
+class MRLZOR_PrivateData;
+
+/// `ZOR` in the schema, a class of its own.
+/// Setters keep pointers and copy nothing; getters that take a registry make what is absent there.
+class MRL_EXPORT MRLZOR : public MRLSchemaTypeI {
+public:
+    static constexpr ObjectType s_objectType = eMRLZOR;
+    static constexpr const char* s_className = "MRLZOR";
+
+    MRLZOR();
+    /// A deep copy; `registry` owns every text and object made for it.
+    MRLZOR(const MRLZOR& other, MRLObjectRegistryI& registry);
+    MRLZOR(const MRLZOR&) = delete;
+    MRLZOR& operator=(const MRLZOR&) = delete;
+    ~MRLZOR() override;
+
+    ObjectType getObjectType() const override;
+    const std::string& getGeneratedObjectName() const override;
+    void* getChildObject(const char* name, int create) override;
+    ObjectType getChildType(const char* name) const override;
+    std::size_t setChildObject(const char* name, void* obj, const ObjectType& type,
+                               std::size_t* index) override;
+    void getChildObjectNames(std::vector<const char*>& names, bool reserve) const override;
+    int isa(ObjectType type) const override;
+    virtual int operator==(const MRLSchemaTypeI& other) const;
+    virtual int operator!=(const MRLSchemaTypeI& other) const;
+
+    /// The value of `roles`.
+    MRLStringArray& getRoles() const;
+
+private:
+    std::size_t getChildObjectCount() const override;
+
+    MRLZOR_PrivateData* m_data; // owned
+};
