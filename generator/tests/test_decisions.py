@@ -28,7 +28,8 @@ def test_a_getter_makes_no_abstract_object(golden):
 
 
 def test_children_count_with_those_of_all_ancestors(golden):
-    assert {c.name: c.child_count for c in golden.classes} == {
+    things = [c for c in golden.classes if c.place.file == "classes/things.toml"]
+    assert {c.name: c.child_count for c in things} == {
         "schemaInfo": 1, "thing": 1, "gadget": 13, "bareGadget": 13, "part": 2, "label": 1, "box": 1,
         "marker": 0, "swap": 2}
 
