@@ -2,7 +2,7 @@
 # alone and that libmrl takes whole.
 #   mrl_component(NAME [SOURCES extra...] [USES component-or-library...])
 set_property(GLOBAL PROPERTY MRL_COMPONENTS "")
-set(MRL_ALL_COMPONENTS HBLCore PLQStreams HBLIDOM HBLCFGAPI TavelTK ZORCrypto I18NRes Common Toolkit serialization Session)
+set(MRL_ALL_COMPONENTS HBLCore PLQStreams HBLIDOM HBLCFGAPI TavelTK ZORCrypto logipf2 I18NRes Common Toolkit serialization Session)
 
 function(mrl_component name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES")

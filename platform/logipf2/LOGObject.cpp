@@ -1,0 +1,3 @@
+#include "logipf2/LOGObject.h"
+
+LOGObject::~LOGObject() = default;

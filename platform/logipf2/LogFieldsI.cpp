@@ -1,0 +1,3 @@
+#include "logipf2/LogFieldsI.h"
+
+LogFieldsI::~LogFieldsI() = default;
