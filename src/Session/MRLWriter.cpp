@@ -1,0 +1,7 @@
+#include "Session/MRLWriter.h"
+
+MRLWriter::~MRLWriter() = default;
+
+void MRLWriter::flush() {}
+
+void MRLWriter::close() {}
