@@ -18,8 +18,8 @@
 #include "serialization/MRLDOMObjectDeserializerI.h"
 
 #include "HBLCore/HBLMessageString.h"
-#include "HBLCore/HBLZORCookie.h"
 #include "HBLIDOM/HBLIDOM.h"
+#include "ZORCrypto/HBLZORCookie.h"
 
 #include <cstring>
 #include <memory>
