@@ -1,5 +1,6 @@
 #include "Session/MRLDocIo.h"
 
+#include "Common/HBLI18NBuffer.h"
 #include "Session/MRLProperty.h"
 #include "Session/detail/DocumentFile.h"
 #include "Session/detail/FileGate.h"
@@ -416,4 +417,8 @@ MRLDocIo& MRLDocIo::operator<<(const std::string& text) {
 
 MRLDocIo& MRLDocIo::operator<<(const I18NString& text) {
     return *this << text.toUtf8();
+}
+
+MRLDocIo& MRLDocIo::operator<<(const HBLI18NBuffer& text) {
+    return *this << text.getString();
 }

@@ -13,6 +13,7 @@
 
 class HBLByteBuffer;
 class HBLFmFile;
+class HBLI18NBuffer;
 class I18NString;
 class PLQGZIPOutputStream;
 class ZORFmFile;
@@ -98,7 +99,8 @@ public:
     MRLDocIo& operator<<(const char* text);
     MRLDocIo& operator<<(const HBLByteBuffer& bytes);
     MRLDocIo& operator<<(const std::string& text);
-    MRLDocIo& operator<<(const I18NString& text); // in UTF-8
+    MRLDocIo& operator<<(const I18NString& text);    // in UTF-8
+    MRLDocIo& operator<<(const HBLI18NBuffer& text); // in UTF-8
 
 private:
     friend class MRLDocIoOutputStream;

@@ -1,6 +1,7 @@
 // How a reply enters the session, and what is logged of it.
 #include "Common/MRLPLQMemoryOutputStream.h"
 #include "Common/PLQEchoInputStream.h"
+#include "Session/MRLAttachmentContainer.h"
 #include "Session/MRLSOAPSession.h"
 #include "Session/detail/FaultCode.h"
 #include "Session/detail/Wire.h"
@@ -27,6 +28,11 @@ void drain(PLQInputStream& in) {
     std::array<char, 1024> piece;
     while (!PLQInputStream::isEnd(in.read(piece.data(), piece.size()))) {
     }
+}
+
+/// A large attachment moves to a temporary file.
+MRL_AttachmentContainerI* createAttachmentContainer() {
+    return hblNew<MRLAttachmentContainer>(HBL_HERE);
 }
 
 /// What `receive` holds: the open envelope, its tee for the log, and the deserializer.
@@ -86,7 +92,7 @@ void MRLSOAPSession::receive(TavelTKMessageReader& reader, MRLPortTypeBinding& b
         }
         reception.dropTrace();
         // Attachments stand behind the envelope and are read only now.
-        handler.resolveReferences(reader, message.getObjectRegistry(), nullptr);
+        handler.resolveReferences(reader, message.getObjectRegistry(), &createAttachmentContainer);
     } catch (MRLSOAPFaultException& e) {
         if (mrl::detail::concernsTheCaller(e)) {
             auditRequest(binding, uri, false);

@@ -22,6 +22,10 @@ struct MRL_EXPORT MRLReaderLimits {
     std::uint64_t totalElements = 10'000'000;
     /// Bytes of the document.
     std::uint64_t totalBytes = 128ULL * 1024 * 1024;
+    /// Bytes that all packed attachments of one reply may unpack to, however few they come from.
+    std::uint64_t unpackedBytes = 64ULL * 1024 * 1024;
+    /// Beyond those: bytes unpacked for each byte received. Reports reach 50, the format ends at 1032.
+    std::uint64_t unpackedRatio = 200;
 
     /// What readers made from now on start with. Thread-safe.
     static MRLReaderLimits getDefaults();

@@ -5,6 +5,7 @@
 #include "serialization/MRLSchemaTypeIContentHandler.h"
 #include "serialization/MRL_AttachmentHandler.h"
 #include "serialization/detail/Adopt.h"
+#include "serialization/detail/Boolean.h"
 #include "serialization/detail/Throw.h"
 
 #include "HBLCore/HBLFailure.h"
@@ -19,10 +20,10 @@
 
 using mrl::detail::adopted;
 using mrl::detail::throwFailure;
+using mrl::detail::toBoolean;
 
 namespace {
 
-using std::string_view_literals::operator""sv;
 
 /// @param name the element, for the failure.
 /// @throws MRLException when `text` holds anything but digits and `others`.
@@ -43,16 +44,6 @@ float toFloat(const char* text) {
 
 int toInt(const char* text) {
     return static_cast<int>(std::strtol(text, nullptr, 10));
-}
-
-int toBoolean(std::string_view text, const char* name) {
-    if (text == "true"sv || text == "TRUE"sv || text == "1"sv) {
-        return 1;
-    }
-    if (text == "false"sv || text == "FALSE"sv || text == "0"sv) {
-        return 0;
-    }
-    throwFailure(HBL_HERE, "MRLSchemaTypeIContentHandler::characters", msg::invalidNumber, name, "boolean");
 }
 
 void decodeBase64(std::string_view text, MRLBase64Binary& value) {

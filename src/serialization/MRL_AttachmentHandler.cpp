@@ -8,7 +8,10 @@
 #include "Toolkit/MRL_Streamable.h"
 #include "Toolkit/MRL_String.h"
 #include "serialization/DefaultAttachmentContainer.h"
+#include "serialization/MRLReaderLimits.h"
 #include "serialization/detail/Adopt.h"
+#include "serialization/detail/Boolean.h"
+#include "serialization/detail/GuardedInput.h"
 
 #include "HBLCore/HBLFailure.h"
 #include "HBLCore/HBLThrowable.h"
@@ -17,10 +20,9 @@
 #include "TavelTK/TavelTKAttachmentReader.h"
 #include "TavelTK/TavelTKMessageReader.h"
 
-#include <algorithm>
 #include <array>
-#include <optional>
 #include <string_view>
+#include <utility>
 
 using mrl::detail::adopted;
 
@@ -42,6 +44,7 @@ public:
     OpenAttachment& operator=(const OpenAttachment&) = delete;
 
     TavelTKAttachmentReader* operator->() const { return m_attachment; }
+    TavelTKAttachmentReader& operator*() const { return *m_attachment; }
 
     void close() {
         if (TavelTKAttachmentReader* const attachment = std::exchange(m_attachment, nullptr)) {
@@ -66,15 +69,75 @@ std::string unframed(const char* contentId) {
     return std::string(id);
 }
 
-void readInto(MRL_AttachmentContainerI& container, PLQInputStream& input) {
-    std::array<char, 2048> piece;
-    for (;;) {
-        const std::size_t n = input.read(piece.data(), piece.size());
-        if (PLQInputStream::isEnd(n)) {
+/// Counts what passes.
+class CountedInput : public PLQFilterInputStream {
+public:
+    CountedInput(PLQInputStream& in, std::uint64_t& count)
+        : PLQFilterInputStream(in)
+        , m_count(count) {}
+    using PLQFilterInputStream::read;
+    std::size_t read(char* buffer, std::size_t count) override {
+        const std::size_t n = PLQFilterInputStream::read(buffer, count);
+        m_count += isEnd(n) ? 0 : n;
+        return n;
+    }
+
+private:
+    std::uint64_t& m_count;
+};
+
+/// Moves attachments into their containers, and watches what the packed ones of one reply unpack to.
+class Unpacking {
+public:
+    void readInto(MRL_AttachmentContainerI& container, TavelTKAttachmentReader& attachment) {
+        PLQInputStream& input = attachment.getInputStream();
+        if (attachment.isGzipped() == 0) {
+            copy(container, input, [](std::size_t) {});
             return;
         }
-        container.write(piece.data(), n);
+        CountedInput packed(input, m_packed);
+        PLQGZIPInputStream unpacked(packed);
+        copy(container, unpacked, [this](std::size_t n) { count(n); });
     }
+
+private:
+    template <class Each>
+    static void copy(MRL_AttachmentContainerI& container, PLQInputStream& input, const Each& each) {
+        std::array<char, 2048> piece;
+        for (;;) {
+            const std::size_t n = input.read(piece.data(), piece.size());
+            if (PLQInputStream::isEnd(n)) {
+                return;
+            }
+            each(n);
+            container.write(piece.data(), n);
+        }
+    }
+
+    void count(std::size_t n) {
+        m_unpacked += n;
+        if (m_unpacked > m_limits.unpackedBytes && m_unpacked / m_limits.unpackedRatio > m_packed) {
+            mrl::detail::limitExceeded("bytes unpacked from attachments for each byte received",
+                                       "unpackedRatio", m_limits.unpackedRatio);
+        }
+    }
+
+    MRLReaderLimits m_limits = MRLReaderLimits::getDefaults();
+    std::uint64_t m_packed = 0;
+    std::uint64_t m_unpacked = 0;
+};
+
+/// The beginning of the value, more than any boolean is long, without white space around it.
+std::string shortText(const char* text, MRL_Streamable* streamable) {
+    MRL_String value;
+    if (text != nullptr) {
+        value.append(std::string_view(text).substr(0, 64));
+    } else {
+        streamable->readFully(value, 64);
+        streamable->close();
+    }
+    value.trim();
+    return std::string(value.view());
 }
 
 void copyText(const char* text, MRL_Streamable* streamable, MRL_String& copy) {
@@ -101,42 +164,50 @@ const char16_t* MRL_AttachmentHandler::getCid(const char16_t* value) {
 void MRL_AttachmentHandler::registerHref(const char* contentId, MRLSchemaTypeI* object, const char* name,
                                          const MRLSchemaTypeI::ObjectType& type, std::size_t index) {
     m_references.emplace_back(hblNew<MRL_HrefReference>(HBL_HERE, contentId, object, name, type, index));
+    m_places[m_references.back()->getContentId()].push_back(m_references.size() - 1);
 }
 
 int MRL_AttachmentHandler::resolveReferences(TavelTKMessageReader& reader, MRLObjectRegistryI& registry,
                                              ContainerFactory containerFactory) {
     const auto readAll = [&] {
+        Unpacking unpacking;
         while (reader.hasMoreAttachments() != 0) {
             MRL_AttachmentContainerI* const container =
                 adopted(registry, containerFactory != nullptr ? containerFactory()
                                                               : hblNew<DefaultAttachmentContainer>(HBL_HERE));
             OpenAttachment attachment(reader);
             const std::string contentId = unframed(attachment->getContentID());
-            PLQInputStream* input = &attachment->getInputStream();
-            std::optional<PLQGZIPInputStream> unpacked;
-            if (attachment->isGzipped() != 0) {
-                input = &unpacked.emplace(*input);
-            }
-            readInto(*container, *input);
-            resolveAttachment(contentId.c_str(), *container, registry);
+            unpacking.readInto(*container, *attachment);
+            resolveAttachment(contentId, *container, registry);
             attachment.close();
         }
     };
     if (reader.canHaveAttachments() != 0) {
         hblRethrowing("MRL_AttachmentHandler::resolveReferences", readAll);
     }
+    dropServed();
     return m_references.empty() ? 1 : 0;
 }
 
-void MRL_AttachmentHandler::resolveAttachment(const char* contentId, MRL_AttachmentContainerI& container,
+void MRL_AttachmentHandler::resolveAttachment(const std::string& contentId,
+                                              MRL_AttachmentContainerI& container,
                                               MRLObjectRegistryI& registry) {
-    for (auto place = m_references.begin(); place != m_references.end();) {
-        if ((*place)->getContentId() == contentId) {
-            serve(**place, container, registry);
-            place = m_references.erase(place);
-        } else {
-            ++place;
-        }
+    const auto found = m_places.find(contentId);
+    if (found == m_places.end()) {
+        return;
+    }
+    for (const std::size_t place : found->second) {
+        serve(*m_references[place], container, registry);
+        m_references[place].reset();
+    }
+    m_places.erase(found);
+}
+
+void MRL_AttachmentHandler::dropServed() {
+    std::erase(m_references, nullptr);
+    m_places.clear();
+    for (std::size_t place = 0; place < m_references.size(); ++place) {
+        m_places[m_references[place]->getContentId()].push_back(place);
     }
 }
 
@@ -167,6 +238,12 @@ void MRL_AttachmentHandler::serve(const MRL_HrefReference& reference, MRL_Attach
             value = streamable->asCharStar();
         }
         object.setChildObject(name, const_cast<char*>(value), MRLSchemaTypeI::eCharStreamable, place);
+        return;
+    }
+    if (reference.getType() == MRLSchemaTypeI::eBoolean) {
+        int* const value = adopted(registry, hblNew<int>(HBL_HERE, 0), MRLObjectRegistryI::eRSDeleteScalar1);
+        *value = mrl::detail::toBoolean(shortText(text, pStreamable), name);
+        object.setChildObject(name, value, MRLSchemaTypeI::eBoolean, place);
         return;
     }
     auto* const value = adopted(registry, hblNew<MRLBase64Binary>(HBL_HERE));

@@ -7,6 +7,8 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 class MRLObjectRegistryI;
@@ -37,19 +39,26 @@ public:
     void registerHref(const char* contentId, MRLSchemaTypeI* object, const char* name,
                       const MRLSchemaTypeI::ObjectType& type, std::size_t index);
 
-    /// Reads all attachments, and serves the references with them. An attachment that cannot be read to
-    /// its end counts with what was read.
+    /// Reads all attachments, and serves the references with them: each reference with the first attachment
+    /// of its content id, byte for byte. An attachment without a reference is read and kept unused; a
+    /// reference without an attachment keeps its empty value. Packed attachments are unpacked, within
+    /// MRLReaderLimits::unpackedBytes and unpackedRatio.
     /// @param registry takes the containers and values.
     /// @param containerFactory null keeps each attachment in memory.
     /// @return not 0 when no reference is left over.
+    /// @throws PLQStreamError when a packed attachment is damaged or cut short; MRLException 0xa6441f8b when
+    /// it unpacks to too much; what the stream of an attachment, its container or setChildObject() throws.
+    /// Where the stream ends with an error value instead, what was read counts.
     int resolveReferences(TavelTKMessageReader& reader, MRLObjectRegistryI& registry,
                           ContainerFactory containerFactory);
 
 private:
-    void resolveAttachment(const char* contentId, MRL_AttachmentContainerI& container,
+    void resolveAttachment(const std::string& contentId, MRL_AttachmentContainerI& container,
                            MRLObjectRegistryI& registry);
+    void dropServed();
     static void serve(const MRL_HrefReference& reference, MRL_AttachmentContainerI& container,
                       MRLObjectRegistryI& registry);
 
-    std::vector<std::unique_ptr<MRL_HrefReference>> m_references;
+    std::vector<std::unique_ptr<MRL_HrefReference>> m_references; // null where served, until dropServed()
+    std::unordered_map<std::string, std::vector<std::size_t>> m_places; // in m_references, by content id
 };
