@@ -1,0 +1,138 @@
+#include "support/LogHarness.h"
+
+#include "logipf2/LogAuditIndication.h"
+#include "logipf2/LogConfigurationError.h"
+#include "logipf2/LogTypedLogger.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using mrl::test::LogHarness;
+using testing::HasSubstr;
+
+namespace {
+
+std::string loggers(const std::string& rows) {
+    return R"({"sinks": {"all": {"type": "file", "path": "log"}}, "loggers": {)" + rows + "}}";
+}
+
+/// The least level that a logger writes; 0 for none.
+int leastLevel(const char* name) {
+    for (const int level : {10000, 20000, 30000, 40000, 50000}) {
+        if (LogTypedLogger::getInstance(name, "LogAuditIndication")->isEnabled(level) != 0) {
+            return level;
+        }
+    }
+    return 0;
+}
+
+TEST(LogConfiguration, ALoggerTakesWhatTheNearestNameAboveItSays) {
+    const LogHarness log(loggers(R"(
+        "*": {"level": 50000, "sinks": ["all"]}, // the rest
+        "Audit.RTUsage.MRL": {"level": 20000},
+        "Audit.RTUsage.MRL.Request": {"level": "off"})"));
+    EXPECT_EQ(20000, leastLevel("Audit.RTUsage.MRL"));
+    EXPECT_EQ(0, leastLevel("Audit.RTUsage.MRL.Request"));
+    EXPECT_EQ(0, leastLevel("Audit.RTUsage.MRL.Request.deeper"));
+    EXPECT_EQ(20000, leastLevel("Audit.RTUsage.MRL.Reply"));
+    EXPECT_EQ(50000, leastLevel("Audit.RTUsage.MRLx")) << "a longer name is not a name below";
+    EXPECT_EQ(50000, leastLevel("Trace.MRL"));
+}
+
+TEST(LogConfiguration, WithoutOneNothingIsLoggedUntilThereIsOne) {
+    testing::internal::CaptureStderr();
+    LogHarness log("");
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("mrllogging.json: there is no such file"));
+    EXPECT_EQ(0, leastLevel("Perf.MRL"));
+    log.replace(loggers(R"("Perf": {"level": 10000, "sinks": ["all"]})"));
+    EXPECT_EQ(0, leastLevel("Perf.MRL")) << "noticed within the second";
+    LogHarness::pass(1000);
+    EXPECT_EQ(10000, leastLevel("Perf.MRL"));
+    LogIPFControl::stop();
+    EXPECT_EQ(0, leastLevel("Perf.MRL"));
+    LogIPFControl::start(0);
+    EXPECT_EQ(10000, leastLevel("Perf.MRL"));
+}
+
+TEST(LogConfiguration, ABadChangeIsSaidOnceAndTheFormerOneStays) {
+    LogHarness log(loggers(R"("*": {"level": 30000, "sinks": ["all"]})"));
+    log.replace("{\n  \"loggers\": {\n    \"*\": {\"level\": 12}}}");
+    testing::internal::CaptureStderr();
+    for (int second = 0; second < 3; ++second) {
+        LogHarness::pass(1000);
+        EXPECT_EQ(30000, leastLevel("Perf.MRL"));
+    }
+    EXPECT_EQ("mrl logging: " + log.path("mrllogging.json") +
+                  R"(, line 3: not a level; write 10000, 20000, 30000, 40000, 50000 or "off")"
+                  " (logging goes on as before)\n",
+              testing::internal::GetCapturedStderr());
+
+    testing::internal::CaptureStderr();
+    std::filesystem::remove(log.path("mrllogging.json"));
+    LogHarness::pass(1000);
+    EXPECT_EQ(30000, leastLevel("Perf.MRL"));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("no such file"));
+    log.replace(loggers(R"("*": {"level": 40000, "sinks": ["all"]})"));
+    LogHarness::pass(1000);
+    EXPECT_EQ(40000, leastLevel("Perf.MRL"));
+}
+
+struct Refused {
+    const char* name;
+    const char* text;
+    const char* reason; // behind the path
+};
+
+class RefusedConfiguration : public testing::TestWithParam<Refused> {};
+
+TEST_P(RefusedConfiguration, NamesLineAndRemedy) {
+    LogHarness log("{}");
+    log.replace(GetParam().text);
+    try {
+        LogIPFControl::checkConfiguration(log.path("mrllogging.json"));
+        FAIL() << "taken";
+    } catch (const LogConfigurationError& e) {
+        EXPECT_THAT(e.getText(),
+                    testing::StartsWith(log.path("mrllogging.json") + ", line " + GetParam().reason));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    LogConfiguration, RefusedConfiguration,
+    testing::Values(
+        Refused{"empty", "", "1: not JSON: syntax error while parsing value"},
+        Refused{"not_json", "{\n\"sinks\": nonsense}", "2: not JSON: syntax error while parsing value"},
+        Refused{"no_object", "[]", "1: the configuration is not an object; write { ... }"},
+        Refused{"unknown_name", "{\n\"sink\": {}}",
+                R"(2: "sink" is not known here; known are "asynchronous", "sinks", "loggers")"},
+        Refused{"name_twice", "{\"sinks\": {},\n\n\"sinks\": {}}", R"(3: "sinks" stands twice here)"},
+        Refused{"too_deep", "[[[[[[[[[[[[[[[[[[", "1: nested too deeply"},
+        Refused{"level_no_number", "{\"loggers\": {\"a\":\n{\"level\": \"all\"}}}",
+                "2: not a level; write 10000"},
+        Refused{"level_between", "{\"loggers\": {\"a\":\n{\"level\": 10001}}}", "2: not a level"},
+        Refused{"level_without_sink", "{\"loggers\": {\n\"a\": {\"level\": 10000}}}",
+                R"(2: logger "a" has a level but no sink; add "sinks")"},
+        Refused{"sink_missing", "{\"loggers\": {\n\"a\": {\"sinks\": [\"x\"]}}}",
+                R"(2: logger "a" writes to sink "x", which "sinks" does not have)"},
+        Refused{"logger_name", "{\"loggers\": {\n\"a..b\": {}}}", R"(2: "a..b" names no logger)"},
+        Refused{"sink_type", "{\"sinks\": {\"x\": {\n\"type\": \"tape\"}}}",
+                R"(2: "tape" is no type of sink)"},
+        Refused{"no_type", "{\"sinks\": {\n\"x\": {}}}", R"(2: sink "x" has no "type")"},
+        Refused{"no_path", "{\"sinks\": {\n\"x\": {\"type\": \"file\"}}}", R"(2: sink "x" has no "path")"},
+        Refused{"negative_size", "{\"sinks\": {\"x\": {\"type\": \"file\",\n\"maxSize\": -1}}}",
+                R"(2: "maxSize" is out of range)"},
+        Refused{"facility", "{\"sinks\": {\"x\": {\"type\": \"syslog\",\n\"facility\": \"kern\"}}}",
+                R"(2: "kern" is no facility)"},
+        Refused{"same_file",
+                "{\"sinks\": {\"x\": {\"type\": \"file\", \"path\": \"l\"},\n"
+                "\"y\": {\"type\": \"file\", \"path\": \"./l\"}}}",
+                R"(2: sink "y" writes the file of sink "x")"},
+        Refused{"queue_size", "{\"asynchronous\": {\n\"queueSize\": 0}}",
+                R"(2: "queueSize" is out of range)"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(LogConfiguration, TheExampleIsTaken) {
+    EXPECT_NO_THROW(LogIPFControl::checkConfiguration(MRL_RESOURCES "/mrllogging.json"));
+}
+
+} // namespace
