@@ -3,6 +3,7 @@
 #include "HBLCore/HBLThreadCriticalSection.h"
 #include "HBLCore/MRLExport.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdio>
 #include <string>
@@ -19,21 +20,71 @@ class MRLExceptionMessage;
 class MRLIPFLogger;
 class MRLObjectRegistryI;
 class MRLTavelHeader;
+class MRLXmlEncodedXML;
 class MRLZOR;
 class PLQInputStream;
 
 /// Static helpers around a session. Thread-safe.
 class MRL_EXPORT MRLHelper {
 public:
-    /// Starts the crypto library for a service.
-    /// @return 1, or 0 when it cannot start.
+    // Crypto: the gateway to ZORCrypto, which has the keys. docs/security.md. Each purpose has one handle for
+    // the process, opened with the service id of the first call that needs it, and a lock; no state besides.
+    // What cannot be opened for want of a key store is an MRLException that says why. Null data and size 0 do
+    // nothing; sizes are cut to 32 bits. Without a service id a null is none.
+
+    /// Starts the crypto library for a service. Keys are found where the environment variable MRL_KEY_STORE,
+    /// else the property "keyStore", tells.
+    /// @return 1, or 0 when it cannot start; the toolkit then works without.
     static int initCrypto(const char* service);
+    /// Ends it; keys in memory are wiped with the last service.
     static void terminateCrypto(const char* service);
 
-    /// Appends the encrypted form of a request to `out`.
-    /// @throws HBLAssertError: this build has no crypto gateway, and a request that asks for protection does
-    /// not go out without it.
+    /// Appends the encrypted form of data, which only the same service opens.
+    /// @throws HBLAssertError when there are no keys; the back trace says why.
+    static void encrypt(const char* data, std::size_t size, const char* service, HBLByteBuffer& out);
+    /// The same in Base64.
+    static void encryptAndEncode(const char* data, std::size_t size, const char* service, HBLByteBuffer& out);
+    /// Appends the encrypted form of a request, as text. The bus opens it with ZORTrustedReader.
     static void encryptTrusted(const char* data, std::size_t size, const char* service, HBLByteBuffer& out);
+    /// Replaces `out` by the specification with its signature behind it.
+    static void signSpecification(const char* data, std::size_t size, const char* service,
+                                  HBLByteBuffer& out);
+
+    /// Sets `out` to the clear bytes.
+    /// @return 1, or 0 with `out` holding the bytes as they came: they were not encrypted here, or changed.
+    static int decrypt(const char* data, std::size_t size, const char* service, std::string& out);
+    /// @return 1 when encrypt() made it and nobody changed it, else 0.
+    static int verifyTrusted(const char* data, std::size_t size, const char* service);
+    /// The reverse of encryptAndEncode().
+    /// @return 1, or 0 with `*out` as it was.
+    static int decryptAndDecode(const char* data, std::size_t size, const char* service, std::string* out);
+    /// Checks a signed specification.
+    /// @param signature receives where in `data` its signature begins; null when it is not good, or `data`
+    /// empty.
+    /// @return 1 when it is good or there is nothing to check, else 0.
+    static int verifySpecSignature(const char* data, std::size_t size, const char* service,
+                                   const char*& signature);
+    /// @return 1 when the header's secure state was issued for its passport and says "external", else 0, also
+    /// when the property "disableSpecSignCheck" is not 0.
+    /// @throws HBLAssertError for null.
+    static int getSecureStateExternal(const MRLTavelHeader* header, const char* service);
+
+    /// Replaces `out` by the credential, encrypted so that it opens only together with the passport.
+    /// @param flags 0. @throws HBLAssertError for null, other flags, an empty passport, or without keys.
+    static void encryptCredential(const char* credential, const char* passport, unsigned int flags,
+                                  HBLByteBuffer& out);
+    /// The reverse. @throws HBLAssertError for null, and when it does not open.
+    static void decryptCredential(const char* encrypted, unsigned int size, const char* passport,
+                                  std::string& out);
+    /// Parses a credential, encrypted or not: `document` then holds it in the clear.
+    /// @param clear receives its XML when it was encrypted, else stays.
+    /// @return 1, or 0 when it is no XML or does not open.
+    static int decryptCredential(const char* xml, std::size_t size, HBLIDOM_Document& document,
+                                 const char* service, std::string& clear);
+    /// Sets `password` to that of a credential, empty when it has none.
+    /// @return 1, or 0 when it is no XML or does not open.
+    static int decodeCredentialPassword(const MRLXmlEncodedXML& credential, const char* service,
+                                        std::string& password);
 
     // Configuration: where the services are, and what the deployment wants of them. docs/configuration.md.
     // Each asks the configuration anew, and throws HBLConfigurationError when it cannot be read.
@@ -56,6 +107,74 @@ public:
     /// not named there.
     /// @throws MRLException as parseXML() when the property is empty or no XML.
     static void getPdfSecurityAlgorithm(std::string& algorithm);
+
+    // Text: escapes for output, checksums, small conversions. Bytes from 128 on, and with them UTF-8, pass
+    // unchanged wherever bytes are escaped. "Appends" keeps what `out` holds. No state; any thread.
+
+    /// Appends text escaped for XML: at most `size` bytes, up to the first NUL. Null data appends nothing.
+    static void xmlEncode(const char* data, std::size_t size, HBLByteBuffer& out);
+    /// The same for a page that a spreadsheet imports: spaces at the ends and behind others are kept.
+    static void xmlEncodeForExcel(const char* data, std::size_t size, HBLByteBuffer& out);
+    /// Appends text escaped for a string of a script, with the same bounds.
+    static void javaScriptEncode(const char* data, std::size_t size, HBLByteBuffer& out);
+    /// Appends text with the five entities of XML and the numeric ones resolved, with the same bounds; what
+    /// is no such entity stays. A number becomes one byte; one above 256 has its second byte in front, as a
+    /// decimal number.
+    static void xmlDecode(const char* data, std::size_t size, HBLByteBuffer& out);
+    /// Replaces `out` by UTF-16 text as a part of a URL's query: a space is "+", a unit from 128 on its bytes
+    /// in UTF-8, surrogates one by one. An odd last byte is ignored.
+    /// @throws HBLAssertError for null with a count.
+    static void urlEncode(const void* input, std::size_t byteCount, HBLByteBuffer& out);
+    static void urlEncode(const I18NString& text, HBLByteBuffer& out);
+    /// Escapes what file names cannot hold ("%2f" for "/"), then applies shortenFileName().
+    static void fileNameEncode(std::string& name);
+    /// Escapes the same, and cuts what then has 32 characters or more to 23, "_" and the eight digits of the
+    /// checksum of `path` as given.
+    static void encodeObjectPathShort(std::string& path);
+
+    /// Compares the first half of the shorter text's units, then the lengths.
+    /// @return 0, or less or more than 0. @throws HBLAssertError for null.
+    static int wstrcmp(const unsigned short* s1, const unsigned short* s2);
+    /// Copies `source` as far as it fits into `size` bytes with its NUL.
+    /// @return 1 when all was copied, else 0. A null source or size 0 writes one NUL all the same, so that
+    /// `pszDest` needs a byte of room in any case. @throws HBLAssertError for a null `pszDest`.
+    static int strSafeCopy(char* pszDest, std::size_t size, const char* source);
+    /// Appends `source` as far as it fits into `size` bytes at `dest` altogether.
+    /// @return 1 when all was appended, else 0.
+    static int strSafeCat(char* dest, std::size_t size, const char* source);
+    /// Writes the number in decimal as 16-bit units with a zero behind; 12 units are always enough.
+    /// @return bytes written, the zero included. @throws HBLAssertError for null.
+    static int convertNumToWideChar(int value, unsigned short* buffer);
+    static int convertNumToWideChar(unsigned int value, unsigned short* buffer);
+    /// Converts a measure of the style model, truncated towards zero; what an int cannot hold becomes the
+    /// nearest that it can.
+    /// @param unit 27 points, 28 picas, 29 inches, 30 centimetres, 31 millimetres, 32 and 35 widths of the
+    /// font, 33 pixels.
+    /// @param resolution pixels per inch. @param fontSize pixels; 0 for that of the default font.
+    /// @return 1, or 0 with `pixels` as it was for another unit.
+    static int convertToPixels(float value, int unit, float resolution, float fontSize, int& pixels);
+    /// Sets `language` to what stands before the first "-".
+    /// @return 1, or 0 with `language` as it was when there is none.
+    static int getLanguage(const I18NString& locale, HBLI18NBuffer& language);
+
+    /// Checksums: the CRC-32 of the UTF-16 units with the terminator, of the bytes without the NUL, of a
+    /// node's XML in UTF-8. `start` is the checksum of what comes before, 0 for nothing; `mode` as in
+    /// HBLUtCrc32::crc32, ignored for a buffer. The last two give it as a decimal number.
+    /// @throws HBLAssertError for a null text.
+    static unsigned int getCrc(const I18NString& s);
+    static unsigned int getCrc(const I18NString& s, int mode);
+    static unsigned int getCrc(const HBLI18NBuffer& s, int mode);
+    static unsigned int getCrc(unsigned int start, const I18NString& s);
+    static unsigned int getCrc(const char* strInput);
+    static unsigned int getCrc(unsigned int start, const char* strInput);
+    static unsigned int getCrc(const HBLIDOM_Node& node);
+    static void getCrc(const char* strInput, std::string& out);
+    static void getCrc(unsigned int start, const char* strInput, std::string& out);
+
+    // Files: names, paths, time stamps. Any thread.
+
+    /// Rewrites a name of more than 130 characters: its first 111, "...", its checksum and its extension.
+    static void shortenFileName(std::string& name);
 
     // XML: documents from bytes, copies and addresses of nodes, failures as XML.
 
@@ -132,6 +251,56 @@ public:
     static const char* getDispatcherTransportVar(const MRLTavelHeader* header, const char* name);
 
 private:
+    /// A borrowed view of an open handle and of the lock that goes with it.
+    class MRLZORHandle {
+    public:
+        MRLZORHandle() = default;
+        MRLZORHandle(const MRLZORHandle&) = delete;
+        MRLZORHandle& operator=(const MRLZORHandle&) = delete;
+        virtual ~MRLZORHandle();
+
+        void load(void* handle, HBLThreadCriticalSection& lock);
+        /// @throws HBLAssertError when nothing was loaded.
+        void* getHandle() const;
+        HBLThreadCriticalSection& getCritSection() const;
+
+    private:
+        void* m_handle = nullptr;
+        HBLThreadCriticalSection* m_critSection = nullptr;
+    };
+
+    /// What a handle is for.
+    enum RSZORInfoMode { eRSZORGeneral = 0, eRSZORTrusted = 1, eRSZORSpecSign = 2, eRSZORSecureState = 3 };
+
+    struct CryptoPurpose;
+    static void openHandle(const CryptoPurpose& purpose, const char* service, MRLZORHandle& handle);
+    static void getCryptoHandle(const char* service, MRLZORHandle& handle);
+    static void getTrustedCryptoHandle(const char* service, MRLZORHandle& handle);
+    static void getSpecSignCryptoHandle(const char* service, MRLZORHandle& handle);
+    static void getSecureStateCryptoHandle(const char* service, MRLZORHandle& handle);
+    static void encryptData(const char* data, std::size_t size, const char* service, HBLByteBuffer& out,
+                            RSZORInfoMode mode);
+    static int decryptData(const char* data, std::size_t size, const char* service, std::string* out,
+                           int trusted);
+
+    // For each purpose its handle, whether that is open, its lock, and the document that sets the purpose.
+    static void* s_hCSKCrypto;
+    static std::atomic<int> b_hCSKCryptoInitialized;
+    static HBLThreadCriticalSection s_hCSKCryptoLock;
+    static const char* const s_xmlSetInfoDoc;
+    static void* s_hTrustedCrypto;
+    static std::atomic<int> b_hTrustedCryptoInitialized;
+    static HBLThreadCriticalSection s_hTrustedCryptoLock;
+    static const char* const s_xmlTrustedSetInfoDoc;
+    static void* s_hSpecSignCrypto;
+    static std::atomic<int> b_hSpecSignCryptoInitialized;
+    static HBLThreadCriticalSection s_hSpecSignCryptoLock;
+    static const char* const s_xmlSpecSignSetInfoDoc;
+    static void* s_hSecureStateCrypto;
+    static std::atomic<int> b_hSecureStateCryptoInitialized;
+    static HBLThreadCriticalSection s_hSecureStateCryptoLock;
+    static const char* const s_xmlSecureStateSetInfoDoc;
+
     /// The document that tells the bus and the crypto library which service speaks; null is no service.
     static void getXMLSessionConfigDoc(const char* serviceId, std::string& out);
 
