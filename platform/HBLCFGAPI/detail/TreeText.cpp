@@ -1,7 +1,9 @@
 #include "HBLCFGAPI/detail/TreeText.h"
 
 #include "HBLCFGAPI/HBLConfigurationNames.h"
+#include "HBLCFGAPI/detail/ConfigurationText.h"
 #include "HBLCore/detail/XmlText.h"
+#include "HBLIDOM/HBLIDOM_Helper.h"
 #include "HBLIDOM/HBLIDOM_NamedNodeMap.h"
 
 #include <algorithm>
@@ -21,6 +23,19 @@ bool isOfConfiguration(const HBLIDOM_Node& node) {
 
 bool isDeclaration(const std::string& attribute) {
     return attribute == XMLNS || attribute.starts_with("xmlns:");
+}
+
+/// A value or an item that is a text: white space around it does not count.
+bool hasPlainText(const HBLIDOM_Element& element) {
+    if (!isOfConfiguration(element) || (HBLIDOM_Helper::matchLocalName(element, "value") == 0 &&
+                                        HBLIDOM_Helper::matchLocalName(element, "item") == 0)) {
+        return false;
+    }
+    HBLIDOM_Node child = element.getFirstChild();
+    while (child.isNull() == 0 && child.getNodeType() != HBLIDOM_Node::ELEMENT_NODE) {
+        child = child.getNextSibling();
+    }
+    return child.isNull() != 0;
 }
 
 std::string prefixIn(const std::string& name) {
@@ -73,6 +88,11 @@ void TreeText::content(const HBLIDOM_Element& element, const std::string& tag, u
         return;
     }
     m_text += '>';
+    if (hasPlainText(element)) {
+        appendXmlText(m_text, trimmed(HBLIDOM_Helper::getElementText(element).toUtf8()));
+        m_text += "</" + tag + '>';
+        return;
+    }
     for (; child.isNull() == 0; child = child.getNextSibling()) {
         switch (child.getNodeType()) {
         case HBLIDOM_Node::ELEMENT_NODE:
