@@ -3,6 +3,7 @@
 #include "Common/MockTavelTK.h"
 #include "Common/MockTavelTKMessageWriter.h"
 #include "Common/MockTavelTKSession.h"
+#include "Session/MRLDocIo.h"
 #include "Session/MRLDocumentOutputI.h"
 #include "Session/MRLSOAPSession.h"
 #include "Session/MRLServiceCallbackI.h"
@@ -159,6 +160,7 @@ TEST_F(Recording, KeepsEveryAttachmentOfBothDirectionsInAFileOfItsOwn) {
                                   part + "a>\r\n\r\nname,total\n" + part + "b>\r\n\r\n" +
                                   std::string(1, '\0') + "\xff" + part + "c>\r\n\r\n\r\n--B--\r\n",
                               "200 OK", "multipart/related; boundary=B; start=\"<e>\"; type=\"text/xml\"")}});
+    MRLDocIo::initialize(); // attachments become documents
     session.setURI(peer.url());
     session.setRecordingBaseDir(directory.path().c_str());
     Document first("first document");
@@ -174,6 +176,7 @@ TEST_F(Recording, KeepsEveryAttachmentOfBothDirectionsInAFileOfItsOwn) {
     EXPECT_EQ("name,total\n", read(response));
     EXPECT_EQ(std::string("\0\xff", 2), read(response + "2"));
     EXPECT_EQ("", read(response + "3"));
+    MRLDocIo::terminate();
     EXPECT_EQ(answer("cm"), read(file(CM_REPLY, 0)));
 }
 
