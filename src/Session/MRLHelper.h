@@ -1,5 +1,8 @@
 #pragma once
 
+#include "Session/MRLGetParametersMode.h"
+#include "Session/MRLOutputTestType.h"
+
 #include "HBLCore/HBLThreadCriticalSection.h"
 #include "HBLCore/MRLExport.h"
 
@@ -16,6 +19,7 @@ class HBLIDOM_Element;
 class HBLIDOM_Node;
 class HBLThrowable;
 class I18NString;
+class MRLDocumentOutput;
 class MRLExceptionMessage;
 class MRLIPFLogger;
 class MRLObjectRegistryI;
@@ -23,6 +27,7 @@ class MRLTavelHeader;
 class MRLXmlEncodedXML;
 class MRLZOR;
 class PLQInputStream;
+struct timeb;
 
 /// Static helpers around a session. Thread-safe.
 class MRL_EXPORT MRLHelper {
@@ -171,10 +176,48 @@ public:
     static void getCrc(const char* strInput, std::string& out);
     static void getCrc(unsigned int start, const char* strInput, std::string& out);
 
-    // Files: names, paths, time stamps. Any thread.
+    // Files: commands, names, paths, time stamps. Any thread.
 
-    /// Rewrites a name of more than 130 characters: its first 111, "...", its checksum and its extension.
+    /// Runs a command by "/bin/sh -c", as popen does, and waits for its end. The command text, handed over in
+    /// UTF-8, is trusted input: the shell does whatever it says, so nothing from outside may become a part of
+    /// it unquoted. The command inherits environment, directory and open files of the process.
+    /// @param pDocumentOutput what the command reads; null for nothing. A command that does not read it to
+    /// its end is no failure.
+    /// @param pOutput gets what the command writes, UTF-8, appended; null leaves it to the process's own
+    /// output. Not both.
+    /// @return the command's status as pclose() gives it: see waitpid(); -1 when there is none.
+    /// @throws HBLAssertError for both, before anything is started; MRLException with the command, errno and
+    /// its text when no process could be made; what reading the document throws.
+    static int runCommand(const I18NString& command, MRLDocumentOutput* pDocumentOutput, I18NString* pOutput);
+    /// Makes a path fit for a command of Windows' interpreter: each "/" becomes "\", each segment with a
+    /// blank gets double quotes.
+    static void fixCommandPath(I18NString& path);
+    /// Sets `path` to the address of the gateway, from the configuration.
+    /// @param stripLastSegment not 0 cuts it behind its last "/"; without one it stays whole.
+    static void getBasePath(I18NString& path, int stripLastSegment);
+    /// Splits at the last dot, which goes to neither; without one `base` is the name and `extension` stays.
+    static void fileBasename(const std::string& name, std::string& base, std::string& extension);
+    /// Rewrites a name of more than 130 bytes: its first 111, "...", its checksum and its extension. Where
+    /// the last dot stands within that, the new name's own text from there on is the extension.
     static void shortenFileName(std::string& name);
+    static void stripBackSlash(I18NString& text);
+    /// Makes a directory for output under test, below "../webcontent" as HBLFmDir::resolveEffectivePath sees
+    /// it, and sets `path` to it with a "/" behind.
+    /// @return 1, or 0 with `path` as it was for another type and when there can be no such directory.
+    static int createTestOutputPath(MRLOutputTestType type, std::string& path);
+    /// The directory "renq" below the configuration's "temp", made if missing.
+    /// @throws HBLAssertError when there can be none; the back trace names it.
+    static std::string findOrCreateRenqTempDir();
+    /// Sets `out` to a time in UTC, as "2026-11-21T06:30:00.000Z".
+    /// @param when null for now. @throws HBLAssertError for a year that no calendar has.
+    static void getCurrentTime(std::string& out, const timeb* when);
+    /// Loads the configuration from its default place, or from the file of that name.
+    /// @throws MRLException as parseXML(); HBLConfigurationError for what is no configuration.
+    static void initializeHBLConfiguration(const std::string& configuration);
+    /// Sets the attribute "resolveConnection" of `element` to "true" or "false", or not at all for a mode
+    /// that says nothing.
+    /// @param flag not 0 is "true" for eMRLGetParametersByFlag.
+    static void resolveGetParametersConnection(HBLIDOM_Element& element, MRLGetParametersMode mode, int flag);
 
     // XML: documents from bytes, copies and addresses of nodes, failures as XML.
 
