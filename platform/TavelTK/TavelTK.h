@@ -45,7 +45,7 @@ public:
     virtual TavelTKServerSession* getServerSession(TavelTKSocket* socket) = 0;
     virtual TavelTKSocket* getSocket() = 0;
 
-    /// A new factory over HTTP, owned by the caller. Safe from any thread; all factories of the process
-    /// share one bounded pool of kept-alive connections. A factory itself belongs to one thread at a time.
+    /// A new factory over HTTP, owned by the caller. Safe from any thread, as the factory itself is; all
+    /// factories of the process share one bounded pool of kept-alive connections.
     static TavelTK* getSessionFactory();
 };

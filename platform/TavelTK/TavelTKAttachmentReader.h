@@ -16,12 +16,13 @@ public:
     virtual const char* getContentID() = 0;
     /// The media type; empty if there is none.
     virtual const char* getContentType() = 0;
-    /// The stated length in bytes; -1 if none is stated or an int cannot hold it.
+    /// The stated length in bytes; -1 if none is stated, an int cannot hold it, or it is that of coded bytes.
     virtual int getContentLength() = 0;
     /// A header by its name, in any case; null if there is none.
     virtual const char* getHeader(const char* name) = 0;
     /// Not 0 if the bytes are gzip and the user must unpack them.
     virtual int isGzipped() = 0;
-    /// The attachment's bytes as they were sent; the same stream at each call.
+    /// The attachment's bytes, freed of Base64 and quoted-printable, otherwise as they were sent; the same
+    /// stream at each call.
     virtual PLQInputStream& getInputStream() = 0;
 };

@@ -28,6 +28,8 @@ enum class TavelTKError : int {
     closedBeforeReply = 17,
     /// While awaiting or reading the reply: no byte in time, or the exchange's time limit has passed.
     receiveTimedOut = 18,
+    /// While reading the reply: an attachment's Base64, quoted-printable or gzip is damaged.
+    badAttachment = 19,
     /// While reading the reply: what came is not well-formed HTTP.
     badHttpReply = 20,
     /// While reading the reply: a status or content type that no SOAP reply has.
@@ -43,7 +45,32 @@ enum class TavelTKError : int {
     /// Any time: an operation or a form of message that this toolkit does not offer.
     unsupported = 26,
     /// Any time: the file for the echo of the traffic cannot be opened or written.
-    echoFailed = 27
+    echoFailed = 27,
+    /// While reading the reply: the peer sends the request elsewhere, which is never followed.
+    redirected = 28,
+    /// While reading the reply: the peer asks for other credentials than were sent, if any (status 401).
+    authenticationRequired = 29,
+    /// While connecting, or later: TLS failed for another reason than those that follow.
+    tlsFailed = 30,
+    /// While connecting: the peer did not set up TLS in time.
+    tlsTimedOut = 31,
+    /// While connecting: the peer's certificate, or one that vouches for it, is out of date or not yet valid.
+    certificateExpired = 32,
+    /// While connecting: the peer's certificate is made out to others.
+    certificateWrongHost = 33,
+    /// While connecting: no authority that is trusted here vouches for the peer's certificate.
+    certificateUntrusted = 34,
+    /// While connecting: the peer's certificate cannot be taken for another reason.
+    certificateRefused = 35,
+    /// While connecting, sending or awaiting the reply: the peer turns down this side's certificate, or the
+    /// lack of one.
+    clientCertificateRefused = 36,
+    /// Before anything is sent: a file of authorities, certificate or key cannot be used.
+    tlsSetupFailed = 37,
+    /// While connecting: the proxy makes no tunnel to the peer.
+    proxyFailed = 40,
+    /// While connecting, or reading the reply: the proxy asks for other credentials than were sent, if any.
+    proxyAuthenticationRequired = 41
 };
 
 /// One row of the list of errors.

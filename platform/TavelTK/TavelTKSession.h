@@ -28,13 +28,29 @@ public:
     /// |---|---|---|
     /// | "send-content-length" | 1: gather the request and send its length; 0: send it in chunks | 1 |
     /// | "chunk-size" | bytes of one chunk, 1 to 16777216 | 131072 |
-    /// | "connect-time-limit" | milliseconds for one connection to come up | 30000 |
+    /// | "expect-continue" | milliseconds to await consent to the body, 0: not asked for | 0 |
+    /// | "connect-time-limit" | milliseconds for a connection to come up, proxy and TLS included | 30000 |
     /// | "send-time-limit" | milliseconds without progress while sending, 0: the time limit alone | 0 |
     /// | "receive-time-limit" | milliseconds without a byte while receiving, 0: the time limit alone | 0 |
     /// | "max-header-bytes" | reply header, and headers of one part, 256 to 1048576 | 65536 |
     /// | "max-envelope-bytes" | the reply's envelope, 0: no limit | 134217728 |
     /// | "max-reply-bytes" | the reply's whole body with attachments, 0: no limit | 0 |
     /// | "max-parts" | attachments in one reply, 0: no limit | 10000 |
+    /// | "max-early-bytes" | attachments before the envelope, held in memory; to 1073741824 | 4194304 |
+    /// | "inflate-attachments" | 1: gzip attachments come unpacked, and isGzipped says no | 0 |
+    /// | "max-inflated-bytes" | what one attachment may unpack to, 0: no limit | 0 |
+    /// | "max-inflate-ratio" | unpacked to packed bytes beyond the first MiB, 0: no limit; to 2000 | 200 |
+    /// | "user", "password" | text: basic authentication, sent with the request | none |
+    /// | "trace-id" | text: travels as X-MRL-Trace-Id | none |
+    /// | "proxy" | text: host:port or http://host:port | none |
+    /// | "proxy-user", "proxy-password" | text: basic authentication with the proxy | none |
+    /// | "no-proxy" | text: hosts and domains reached straight, between commas; "*": all | none |
+    /// | "tls-verify-certificate" | 1: a trusted authority must vouch for the peer | 1 |
+    /// | "tls-verify-host" | 1: the peer's certificate must be made out to the URL's host | 1 |
+    /// | "tls-ca-file", "tls-ca-directory" | text: trusted authorities, PEM; neither: the system's | none |
+    /// | "tls-certificate-file" | text: this side's certificate with its chain, PEM | none |
+    /// | "tls-key-file", "tls-key-password" | text: its key; without a file it stands with it | none |
+    /// | "tls-min-version" | text: 1.2 or 1.3 | 1.2 |
     ///
     /// @throws TavelTKException when no such property exists or the value is out of its range.
     virtual void setProperty(const std::string& name, int value) = 0;

@@ -90,8 +90,8 @@ INSTANTIATE_TEST_SUITE_P(
         Bad{"HTML from a proxy", reply("<html>\nBad Gateway</html>", "502 Bad Gateway", "text/html"),
             notSoapReply,
             "status 502 Bad Gateway, content type 'text/html', it begins '<html>.Bad Gateway</html>'"},
-        Bad{"a redirect", reply("", "302 Found", "text/xml", "Location: http://127.0.0.1:1/\r\n"),
-            notSoapReply, "status 302"},
+        Bad{"a redirect", reply("", "302 Found", "text/xml", "Location: http://127.0.0.1:1/\r\n"), redirected,
+            "status 302 Found to 'http://127.0.0.1:1/'"},
         Bad{"a body after 204", "HTTP/1.1 204 No Content\r\n\r\n<r/>", notSoapReply, "status 204",
             Answer::silence},
         Bad{"no content type", "HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n<r/>", notSoapReply,
@@ -176,7 +176,7 @@ TEST(Reply, WithAttachmentsGivesThemOneAfterTheOther) {
 
 TEST(Reply, MultipartThatCannotBeTakenIsRefused) {
     const std::vector<Bad> table{{"", "--b\r\nContent-Type: text/xml\r\nContent-ID: <x>\r\n\r\n<r/>\r\n--b--",
-                                  unsupported, "not the first part"},
+                                  badMultipart, "no part has the content id 'root'"},
                                  {"", "--b\r\nContent-Type: image/png\r\nContent-ID: <root>\r\n\r\n\r\n--b--",
                                   notSoapReply, "image/png"},
                                  {"", "--b\r\nContent-Type: text/xml\r\nContent-ID: <root>\r\n\r\n<r/>",

@@ -16,7 +16,7 @@ ChunkedOutput::ChunkedOutput(Wire& wire, std::string_view head, std::size_t chun
     : m_wire(wire)
     , m_chunkSize(chunkSize) {
     m_buffer.reserve(head.size() + s_sizeLineRoom + chunkSize + 64);
-    m_buffer.append(head).append("Transfer-Encoding: chunked\r\n\r\n");
+    m_buffer.append(head);
     startChunk();
 }
 

@@ -12,7 +12,7 @@ namespace mrl::detail {
 /// goes out together with the first chunk.
 class ChunkedOutput {
 public:
-    /// @param head request line and header lines, without the empty line at their end.
+    /// @param head the whole head with the empty line at its end; empty if it has been sent already.
     ChunkedOutput(Wire& wire, std::string_view head, std::size_t chunkSize);
 
     void write(std::string_view bytes);
@@ -27,7 +27,7 @@ private:
 
     Wire& m_wire;
     const std::size_t m_chunkSize;
-    std::string m_buffer;       // head (at first), room for the size line, bytes of the chunk
+    std::string m_buffer;       // head (at first, if any), room for the size line, bytes of the chunk
     std::size_t m_sizeLine = 0; // where that room is
 };
 

@@ -1,21 +1,14 @@
 #include "TavelTK/detail/Connection.h"
 
-#include <Poco/Net/NetException.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <poll.h>
-#include <sys/socket.h>
 #include <system_error>
 
 namespace mrl::detail {
 
 namespace {
-
-std::string systemText(int error) {
-    return std::generic_category().message(error);
-}
 
 /// Milliseconds to wait, rounded up so that a wait never ends before its time.
 int pollTime(TimePoint until, TimePoint now) {
@@ -23,80 +16,67 @@ int pollTime(TimePoint until, TimePoint now) {
     return static_cast<int>(std::clamp<std::int64_t>(left, 0, INT_MAX));
 }
 
-} // namespace
-
-Connection::Connection(const Poco::Net::StreamSocket& socket)
-    : m_socket(socket) {
-    m_socket.setBlocking(false);
-    m_socket.setNoDelay(true);
-}
-
-IoResult Connection::await(short events, TimePoint until, const Clock& clock) {
+/// Waits until the descriptor is ready for `events`. @return `done`, `timedOut` or `failed`
+IoResult await(int descriptor, short events, TimePoint until, const Clock& clock) {
     for (;;) {
         const TimePoint now = clock.now();
-        pollfd waiting{m_socket.impl()->sockfd(), events, 0};
+        pollfd waiting{descriptor, events, 0};
         const int ready = ::poll(&waiting, 1, pollTime(until, now));
         if (ready > 0)
             return {};
         if (ready < 0 && errno != EINTR)
-            return {IoResult::failed, 0, systemText(errno)};
+            return {IoResult::failed, 0, std::generic_category().message(errno), {}};
         if (ready == 0 && clock.now() >= until)
-            return {IoResult::timedOut, 0, {}};
+            return {IoResult::timedOut, 0, {}, {}};
     }
 }
 
-int Connection::sendSome(std::string_view bytes) {
-    try {
-        // No signal for a broken pipe: the process and its handlers belong to the host.
-        return m_socket.sendBytes(
-            bytes.data(), static_cast<int>(std::min<std::size_t>(bytes.size(), INT_MAX)), MSG_NOSIGNAL);
-    } catch (const Poco::IOException& e) {
-        if (e.code() == EAGAIN || e.code() == EWOULDBLOCK)
-            return 0;
-        throw;
+} // namespace
+
+Connection::Connection(const Poco::Net::StreamSocket& socket)
+    : Connection(std::make_unique<SocketChannel>(socket)) {}
+
+Connection::Connection(std::unique_ptr<Channel> channel)
+    : m_channel(std::move(channel)) {}
+
+IoResult repeat(const Channel& channel, const std::function<Attempt()>& step, TimePoint until,
+                const Clock& clock) {
+    for (;;) {
+        Attempt tried = step();
+        switch (tried.state) {
+        case Attempt::moved: return {IoResult::done, tried.count, {}, {}};
+        case Attempt::closed: return {IoResult::closed, 0, std::move(tried.cause), tried.error};
+        case Attempt::failed: return {IoResult::failed, 0, std::move(tried.cause), tried.error};
+        case Attempt::wantsInput:
+        case Attempt::wantsRoom: break;
+        }
+        const short events = tried.state == Attempt::wantsInput ? POLLIN : POLLOUT;
+        if (IoResult waited = await(channel.descriptor(), events, until, clock);
+            waited.status != IoResult::done)
+            return waited;
     }
 }
 
 IoResult Connection::send(std::string_view bytes, TimePoint until, const Clock& clock) {
-    try {
-        for (;;) {
-            if (m_isFull)
-                if (IoResult waited = await(POLLOUT, until, clock); waited.status != IoResult::done)
-                    return waited;
-            const int sent = sendSome(bytes);
-            m_isFull = sent < 0 || static_cast<std::size_t>(sent) < bytes.size();
-            if (sent > 0)
-                return {IoResult::done, static_cast<std::size_t>(sent), {}};
-        }
-    } catch (const Poco::Exception& e) {
-        return {IoResult::failed, 0, e.displayText()};
-    }
+    if (m_isFull)
+        if (IoResult waited = await(m_channel->descriptor(), POLLOUT, until, clock);
+            waited.status != IoResult::done)
+            return waited;
+    IoResult sent = repeat(
+        *m_channel, [&] { return m_channel->send(bytes); }, until, clock);
+    m_isFull = sent.status == IoResult::done && sent.count < bytes.size();
+    return sent;
 }
 
 IoResult Connection::receive(char* buffer, std::size_t size, TimePoint until, const Clock& clock) {
-    try {
-        const int length = static_cast<int>(std::min<std::size_t>(size, INT_MAX));
-        for (;;) {
-            if (!m_expectMore)
-                if (IoResult waited = await(POLLIN, until, clock); waited.status != IoResult::done)
-                    return waited;
-            m_expectMore = false;
-            const int received = m_socket.receiveBytes(buffer, length);
-            if (received == 0)
-                return {IoResult::closed, 0, {}};
-            if (received > 0) {
-                m_expectMore = received == length;
-                return {IoResult::done, static_cast<std::size_t>(received), {}};
-            }
-        }
-    } catch (const Poco::Exception& e) {
-        return {IoResult::failed, 0, e.displayText()};
-    }
-}
-
-bool Connection::isStale() {
-    pollfd watched{m_socket.impl()->sockfd(), POLLIN, 0};
-    return ::poll(&watched, 1, 0) != 0;
+    if (!m_expectMore && !m_channel->hasPending())
+        if (IoResult waited = await(m_channel->descriptor(), POLLIN, until, clock);
+            waited.status != IoResult::done)
+            return waited;
+    IoResult received = repeat(
+        *m_channel, [&] { return m_channel->receive(buffer, size); }, until, clock);
+    m_expectMore = received.status == IoResult::done && received.count == size;
+    return received;
 }
 
 } // namespace mrl::detail

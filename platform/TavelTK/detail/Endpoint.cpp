@@ -14,7 +14,8 @@ namespace {
 
 [[noreturn]] void refuse(std::string_view url, std::string_view reason) {
     fail(TavelTKError::badUrl, TavelTKPhase::prepare, {},
-         "the URL '" + printable(url) + "' " + std::string(reason) + "; expected http://host:port/path");
+         "the URL '" + printable(url) + "' " + std::string(reason) +
+             "; expected http://host:port/path or https://host:port/path");
 }
 
 } // namespace
@@ -32,13 +33,12 @@ Endpoint Endpoint::parse(const char* url) {
         refuse(text, "contains a blank or a control character");
     try {
         const Poco::URI uri{std::string(text)};
-        if (uri.getScheme() == "https")
-            fail(TavelTKError::unsupported, TavelTKPhase::prepare, uri.getAuthority(),
-                 "the scheme 'https' is not offered; use an 'http' URL");
-        if (uri.getScheme() != "http")
-            refuse(text, "has another scheme than 'http'");
+        const bool isTls = uri.getScheme() == "https";
+        if (!isTls && uri.getScheme() != "http")
+            refuse(text, "has another scheme than 'http' and 'https'");
         if (!uri.getUserInfo().empty())
-            refuse("http://***@" + uri.getHost(), "contains a user's credentials");
+            refuse(uri.getScheme() + "://***@" + uri.getHost(),
+                   "contains a user's credentials, which are the properties 'user' and 'password'");
         if (uri.getHost().empty())
             refuse(text, "names no host");
         if (uri.getPort() == 0)
@@ -46,7 +46,7 @@ Endpoint Endpoint::parse(const char* url) {
         std::string path = uri.getPathAndQuery();
         if (path.empty() || path.front() != '/')
             path.insert(path.begin(), '/');
-        return {uri.getHost(), uri.getPort(), std::move(path)};
+        return {uri.getHost(), uri.getPort(), std::move(path), isTls};
     } catch (const Poco::Exception& e) {
         refuse(text, "cannot be parsed (" + e.displayText() + ")");
     }

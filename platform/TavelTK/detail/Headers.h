@@ -23,8 +23,11 @@ public:
     /// Whether a comma-separated value of the header is `token`.
     bool hasToken(std::string_view name, std::string_view token) const;
 
+    using Lines = std::vector<std::pair<std::string, std::string>>;
+    const Lines& lines() const { return m_lines; }
+
 private:
-    std::vector<std::pair<std::string, std::string>> m_lines;
+    Lines m_lines;
 };
 
 /// Decimal digits and nothing else, below 2^63; -1 otherwise.

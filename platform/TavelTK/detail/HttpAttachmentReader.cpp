@@ -4,9 +4,11 @@
 
 namespace mrl::detail {
 
-HttpAttachmentReader::HttpAttachmentReader(ByteSource& part, Headers headers)
-    : m_headers(std::move(headers))
-    , m_stream(part, 0, {}) {}
+HttpAttachmentReader::HttpAttachmentReader(ReplyParts& parts)
+    : m_headers(parts.headers())
+    , m_isDecoded(parts.isDecoded())
+    , m_isInflated(parts.isInflated())
+    , m_stream(parts.source(), 0, {}) {}
 
 const char* HttpAttachmentReader::textOf(const char* name) const {
     const std::string* const value = m_headers.find(name);
@@ -22,6 +24,8 @@ const char* HttpAttachmentReader::getContentType() {
 }
 
 int HttpAttachmentReader::getContentLength() {
+    if (m_isDecoded)
+        return -1; // what is stated counts the coded bytes
     const std::int64_t length = parseLength(textOf("Content-Length"));
     return length > INT_MAX ? -1 : static_cast<int>(length);
 }
@@ -32,6 +36,8 @@ const char* HttpAttachmentReader::getHeader(const char* name) {
 }
 
 int HttpAttachmentReader::isGzipped() {
+    if (m_isInflated)
+        return 0;
     const std::string_view coding = textOf("Content-Encoding");
     return sameText(coding, "gzip") || sameText(coding, "x-gzip") ? 1 : 0;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "TavelTK/TavelTKAttachmentReader.h"
-#include "TavelTK/detail/MultipartReader.h"
+#include "TavelTK/detail/ReplyParts.h"
 #include "TavelTK/detail/SourceStream.h"
 
 #include <string>
@@ -11,7 +11,8 @@ namespace mrl::detail {
 /// The current part of a multipart reply.
 class HttpAttachmentReader : public TavelTKAttachmentReader {
 public:
-    explicit HttpAttachmentReader(ByteSource& part, Headers headers);
+    /// Takes the part at which `parts` stands.
+    explicit HttpAttachmentReader(ReplyParts& parts);
 
     const char* getContentID() override;
     const char* getContentType() override;
@@ -24,6 +25,8 @@ private:
     const char* textOf(const char* name) const;
 
     const Headers m_headers;
+    const bool m_isDecoded;
+    const bool m_isInflated;
     SourceStream m_stream;
 };
 

@@ -11,64 +11,34 @@ namespace {
 constexpr std::size_t s_drainBytes = 65536;
 constexpr milliseconds s_drainTime{100};
 
-/// A content id without the angle brackets that some peers leave out.
-std::string_view bare(std::string_view id) {
-    const bool isFramed = id.size() >= 2 && id.front() == '<' && id.back() == '>';
-    return isFramed ? id.substr(1, id.size() - 2) : id;
-}
-
 } // namespace
 
-HttpMessageReader::HttpMessageReader(Wire& wire)
+HttpMessageReader::HttpMessageReader(Wire& wire, ReplyInput& in, std::optional<ReplyHead> head)
     : TavelTKMessageReader(1)
     , m_wire(wire)
-    , m_in(wire) {}
+    , m_in(in)
+    , m_head(std::move(head))
+    , m_isEarly(m_head.has_value()) {}
 
 void HttpMessageReader::open() {
     if (m_envelope)
         return;
     HBL_ASSERT_NAMED(!m_body, "The reply could not be opened before.");
-    m_head = ReplyHead::read(m_in);
+    if (!m_head)
+        m_head = ReplyHead::read(m_in);
     m_body.emplace(m_in, *m_head);
     const ReplyType type = ReplyType::check(*m_head, *m_body, m_wire);
     if (type.isMultipart)
-        openMultipart(type.boundary, type.start);
-    ByteSource& source = m_part ? static_cast<ByteSource&>(*m_part) : *m_body;
+        m_parts.emplace(*m_body, m_wire, type.boundary, type.start);
+    ByteSource& source = m_parts ? m_parts->envelope() : *m_body;
     const std::int64_t limit = m_wire.options().maxEnvelopeBytes;
     const auto refuse = [this, limit] {
         m_wire.fail(TavelTKError::replyTooLarge, TavelTKPhase::readReply,
                     "the envelope is longer than " + std::to_string(limit) + " bytes (max-envelope-bytes)");
     };
-    if (limit > 0 && !m_part && m_body->statedLength() > limit)
+    if (limit > 0 && !m_parts && m_body->statedLength() > limit)
         refuse(); // rather than after the first part of it
     m_envelope.emplace(source, limit, refuse);
-}
-
-void HttpMessageReader::openMultipart(std::string_view boundary, const std::string& start) {
-    const SessionOptions& options = m_wire.options();
-    // The envelope is a part too, and no attachment.
-    const std::int64_t maxParts = options.maxParts == 0 ? 0 : options.maxParts + 1;
-    m_parts.emplace(*m_body, boundary, options.maxHeaderBytes, maxParts,
-                    [this](MultipartReader::Fault fault, const std::string& cause) {
-                        if (fault == MultipartReader::Fault::endsTooSoon && m_body->endsWithConnection())
-                            m_wire.broke(cause);
-                        m_wire.fail(fault == MultipartReader::Fault::tooLarge ? TavelTKError::replyTooLarge
-                                                                              : TavelTKError::badMultipart,
-                                    TavelTKPhase::readReply, cause);
-                    });
-    m_part.emplace(*m_parts);
-    if (!m_parts->next())
-        m_wire.fail(TavelTKError::badMultipart, TavelTKPhase::readReply, "it has no parts");
-    const Headers& headers = m_parts->headers();
-    const std::string* const id = headers.find("Content-ID");
-    if (!start.empty() && (!id || bare(*id) != bare(start)))
-        m_wire.fail(TavelTKError::unsupported, TavelTKPhase::readReply,
-                    "the envelope '" + printable(start) + "' is not the first part of the multipart reply");
-    const std::string* const type = headers.find("Content-Type");
-    if (!type || !ReplyType::checkXml(*type, m_wire))
-        m_wire.fail(TavelTKError::notSoapReply, TavelTKPhase::readReply,
-                    "the first part's content type is " +
-                        (type ? "'" + printable(*type) + "'" : "not stated"));
 }
 
 PLQInputStream& HttpMessageReader::openEnvelope() {
@@ -101,13 +71,8 @@ int HttpMessageReader::hasMoreAttachments() {
 TavelTKAttachmentReader& HttpMessageReader::openNextAttachment() {
     HBL_ASSERT_NAMED(hasMoreAttachments(), "There are no more attachments.");
     return hblRethrowing("TavelTKMessageReader::openNextAttachment", [&]() -> TavelTKAttachmentReader& {
-        const std::string* const coding = m_parts->headers().find("Content-Transfer-Encoding");
-        if (coding && !sameText(*coding, "binary") && !sameText(*coding, "8bit") &&
-            !sameText(*coding, "7bit"))
-            m_wire.fail(TavelTKError::unsupported, TavelTKPhase::readReply,
-                        "the content transfer encoding '" + printable(*coding) + "' of an attachment");
         m_next = Next::unknown;
-        return m_attachment.emplace(*m_part, m_parts->headers());
+        return m_attachment.emplace(*m_parts);
     });
 }
 
@@ -133,8 +98,8 @@ bool HttpMessageReader::isDrained() {
 
 void HttpMessageReader::finish() noexcept {
     try {
-        if (m_body && !m_body->endsWithConnection() && m_head->keepsConnection() && isDrained() &&
-            !m_in.hasLeftover())
+        if (m_body && !m_isEarly && !m_body->endsWithConnection() && m_head->keepsConnection() &&
+            isDrained() && !m_in.hasLeftover())
             return m_wire.keepConnection();
     } catch (...) {
         // The reply is over for its reader; what is wrong with its rest only costs the connection.

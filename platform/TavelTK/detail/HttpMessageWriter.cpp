@@ -1,8 +1,8 @@
 #include "TavelTK/detail/HttpMessageWriter.h"
 
-#include "HBLCore/HBLBase64.h"
 #include "TavelTK/detail/Failure.h"
 #include "TavelTK/detail/Headers.h"
+#include "TavelTK/detail/RequestHead.h"
 
 #include <algorithm>
 #include <array>
@@ -14,12 +14,6 @@ namespace {
 constexpr std::string_view s_rootId = "envelope@mrl";
 constexpr std::string_view s_xmlType = "text/xml; charset=utf-8";
 
-std::string base64(std::string_view text) {
-    std::string coded(HBLBase64EncodedSize(text.size(), 0), '\0');
-    HBLBase64Encode(text.data(), text.size(), coded.data(), 0);
-    return coded;
-}
-
 /// The bytes of a part are sent as they are; these tell how the host has coded them, anything else that is
 /// given as an encoding is a character encoding.
 bool isTransferEncoding(std::string_view encoding) {
@@ -30,9 +24,12 @@ bool isTransferEncoding(std::string_view encoding) {
 
 } // namespace
 
-HttpMessageWriter::HttpMessageWriter(Wire& wire, std::string sessionConfig, bool hasAttachments)
+HttpMessageWriter::HttpMessageWriter(Wire& wire, ReplyInput& in, std::string sessionConfig,
+                                     bool hasAttachments)
     : m_wire(wire)
+    , m_in(in)
     , m_sessionConfig(std::move(sessionConfig))
+    , m_id(wire.newToken())
     , m_hasAttachments(hasAttachments)
     , m_handledAtStart(std::current_exception())
     , m_uncaughtAtStart(std::uncaught_exceptions()) {}
@@ -107,6 +104,9 @@ PLQOutputStream& HttpMessageWriter::openAttachment(const char* contentType, cons
         std::string_view id = clean(contentId, "content id");
         if (id.size() > 2 && id.front() == '<' && id.back() == '>')
             id = id.substr(1, id.size() - 2);
+        if (id == s_rootId || (!id.empty() && !m_contentIds.emplace(id).second))
+            fail(TavelTKError::badArgument, TavelTKPhase::prepare, m_wire.peer(),
+                 "the content id '" + printable(id) + "' is that of another part of the message");
         if (m_boundary.empty())
             startMultipart();
         put("\r\n--" + m_boundary);
@@ -149,6 +149,8 @@ void HttpMessageWriter::write(std::string_view bytes) {
 }
 
 void HttpMessageWriter::put(std::string_view bytes) {
+    if (m_earlyReply)
+        return;
     if (!m_chunks) {
         m_held.append(bytes);
         return;
@@ -161,35 +163,65 @@ void HttpMessageWriter::put(std::string_view bytes) {
     }
 }
 
-std::string HttpMessageWriter::head() const {
-    const Endpoint& endpoint = m_wire.endpoint();
-    std::string lines = "POST " + endpoint.path + " HTTP/1.1\r\nHost: " + m_wire.peer() + "\r\n";
-    lines.append("User-Agent: mrl\r\nAccept: text/xml, multipart/related\r\nSOAPAction: \"");
-    lines.append(m_soapAction).append("\"\r\nContent-Type: ");
-    if (m_boundary.empty())
-        lines.append(s_xmlType);
-    else
-        lines.append("multipart/related; type=\"text/xml\"; start=\"<")
-            .append(s_rootId)
-            .append(">\"; boundary=\"")
-            .append(m_boundary)
-            .append("\"");
-    lines.append("\r\n");
-    if (!m_sessionConfig.empty())
-        lines.append("X-MRL-Session-Config: ").append(base64(m_sessionConfig)).append("\r\n");
-    return lines;
+void HttpMessageWriter::startSending(const std::string& framing, std::string_view body) {
+    try {
+        sendHead(framing, body);
+    } catch (...) {
+        m_state = State::abandoned; // what the host's handlers close must not start again
+        throw;
+    }
 }
 
-void HttpMessageWriter::startChunks() {
-    m_chunks.emplace(m_wire, head(), static_cast<std::size_t>(m_wire.options().chunkSize));
+void HttpMessageWriter::sendHead(const std::string& framing, std::string_view body) {
+    const std::string type = m_boundary.empty()
+                                 ? std::string(s_xmlType)
+                                 : "multipart/related; type=\"text/xml\"; start=\"<" + std::string(s_rootId) +
+                                       ">\"; boundary=\"" + m_boundary + "\"";
+    std::string head = requestHead(m_wire, m_soapAction, type, m_sessionConfig, m_id) + framing;
+    const bool isAsking = m_wire.options().expectContinue != 0;
+    head.append(isAsking ? "Expect: 100-continue\r\n\r\n" : "\r\n");
+    if (isAsking) {
+        m_wire.send(head);
+        awaitConsent();
+        head.clear();
+    }
+    if (m_earlyReply)
+        return;
+    if (m_wire.options().sendContentLength == 0) {
+        m_chunks.emplace(m_wire, head, static_cast<std::size_t>(m_wire.options().chunkSize));
+        m_chunks->write(body);
+        return;
+    }
+    // One packet for what fits into a few; a large body is sent from where it is.
+    if (body.size() <= 65536) {
+        m_wire.send(head.append(body));
+    } else {
+        if (!head.empty())
+            m_wire.send(head);
+        m_wire.send(body);
+    }
+}
+
+// A peer that knows nothing of expectations is silent, and gets the body after a while.
+void HttpMessageWriter::awaitConsent() {
+    std::int64_t budget = m_wire.options().maxHeaderBytes;
+    while (m_in.comesWithin(milliseconds(m_wire.options().expectContinue))) {
+        ReplyHead head = ReplyHead::readOne(m_in, budget);
+        if (head.status == 100)
+            return;
+        if (!head.isInterim()) {
+            m_earlyReply = std::move(head);
+            return;
+        }
+    }
 }
 
 void HttpMessageWriter::startMultipart() {
-    m_boundary = "mrl-" + m_wire.newToken();
+    m_boundary = "mrl-" + m_id;
     std::string envelope;
     envelope.swap(m_held);
     if (m_wire.options().sendContentLength == 0)
-        startChunks();
+        startSending("Transfer-Encoding: chunked\r\n", {});
     put("--" + m_boundary);
     startPart(s_xmlType, "Content-Transfer-Encoding: binary\r\n", s_rootId);
     put(envelope);
@@ -199,8 +231,9 @@ void HttpMessageWriter::startPart(std::string_view contentType, std::string_view
                                   std::string_view contentId) {
     std::string lines = "\r\nContent-Type: ";
     lines.append(contentType).append("\r\n").append(furtherHeaders);
-    lines.append("Content-ID: <").append(contentId).append(">\r\n\r\n");
-    put(lines);
+    if (!contentId.empty())
+        lines.append("Content-ID: <").append(contentId).append(">\r\n");
+    put(lines.append("\r\n"));
 }
 
 void HttpMessageWriter::close() {
@@ -217,24 +250,13 @@ void HttpMessageWriter::close() {
 void HttpMessageWriter::send() {
     if (!m_boundary.empty())
         put("\r\n--" + m_boundary + "--\r\n");
-    if (m_wire.options().sendContentLength == 0) {
-        if (!m_chunks) {
-            startChunks();
-            m_chunks->write(m_held);
-        }
+    if (m_wire.options().sendContentLength != 0)
+        startSending("Content-Length: " + std::to_string(m_held.size()) + "\r\n", m_held);
+    else if (!m_chunks && !m_earlyReply)
+        startSending("Transfer-Encoding: chunked\r\n", m_held);
+    if (m_chunks)
         m_chunks->finish();
-        m_chunks.reset();
-    } else {
-        std::string message = head();
-        message.append("Content-Length: ").append(std::to_string(m_held.size())).append("\r\n\r\n");
-        // One packet for what fits into a few; a large body is sent from where it is.
-        if (m_held.size() <= 65536) {
-            m_wire.send(message.append(m_held));
-        } else {
-            m_wire.send(message);
-            m_wire.send(m_held);
-        }
-    }
+    m_chunks.reset();
     m_held = {};
 }
 

@@ -3,11 +3,13 @@
 #include "PLQStreams/PLQOutputStream.h"
 #include "TavelTK/TavelTKMessageWriter.h"
 #include "TavelTK/detail/ChunkedOutput.h"
+#include "TavelTK/detail/ReplyHead.h"
 
 #include <exception>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 
 namespace mrl::detail {
 
@@ -16,9 +18,13 @@ namespace mrl::detail {
 /// The request is held in memory up to its end when its length is to be sent. In chunks it goes out as it
 /// is written, once it is known whether it is multipart: at once when attachments were announced, otherwise
 /// when the first one is opened or the request ends.
+///
+/// Where the peer is asked whether it wants the request ("expect-continue") and answers for good, nothing
+/// more is sent and the request counts as sent: the reply says why.
 class HttpMessageWriter : public TavelTKMessageWriter {
 public:
-    HttpMessageWriter(Wire& wire, std::string sessionConfig, bool hasAttachments);
+    /// @param in where the peer's answer to an expectation comes from.
+    HttpMessageWriter(Wire& wire, ReplyInput& in, std::string sessionConfig, bool hasAttachments);
 
     void setEnvelope(HBLIDOM_Element& envelope) override;
     PLQOutputStream& openEnvelope(const char* soapAction) override;
@@ -42,6 +48,9 @@ public:
     /// Whether the whole request has been handed to the network.
     bool isSent() const { return m_state == State::sent; }
 
+    /// The reply's head, where it came before the body was sent.
+    std::optional<ReplyHead> takeEarlyReply() { return std::move(m_earlyReply); }
+
 private:
     enum class State { fresh, envelope, betweenParts, attachment, sent, abandoned };
 
@@ -61,13 +70,17 @@ private:
     void startChunks();
     void startMultipart();
     void startPart(std::string_view contentType, std::string_view furtherHeaders, std::string_view contentId);
-    std::string head() const;
+    void startSending(const std::string& framing, std::string_view body);
+    void sendHead(const std::string& framing, std::string_view body);
+    void awaitConsent();
     std::string_view clean(const char* text, std::string_view what) const;
     std::string cleanHeaders(const char* headers) const;
     bool isBrokenOff() const;
 
     Wire& m_wire;
+    ReplyInput& m_in;
     const std::string m_sessionConfig;
+    const std::string m_id; // of this exchange
     const bool m_hasAttachments;
     // A failure of the host between opening and closing closes streams and writer in its handlers. What
     // was written up to then must not pass for a whole request, so it is noticed by comparing these.
@@ -80,6 +93,8 @@ private:
     std::string m_boundary; // empty while the request is no multipart
     std::string m_held;
     std::optional<ChunkedOutput> m_chunks;
+    std::optional<ReplyHead> m_earlyReply;
+    std::unordered_set<std::string> m_contentIds;
 };
 
 } // namespace mrl::detail

@@ -42,7 +42,7 @@ void HttpSession::echo(const char* fileName, const char* mode, int flag) {
 TavelTKMessageWriter& HttpSession::openRequest(int hasAttachments) {
     HBL_ASSERT_NAMED(!m_writer, "The openRequest() method can only be called once.");
     m_wire.start();
-    return m_writer.emplace(m_wire, m_sessionConfig, hasAttachments != 0);
+    return m_writer.emplace(m_wire, m_in, m_sessionConfig, hasAttachments != 0);
 }
 
 void HttpSession::closeRequest(TavelTKMessageWriter& writer) {
@@ -53,8 +53,9 @@ void HttpSession::closeRequest(TavelTKMessageWriter& writer) {
 TavelTKMessageReader& HttpSession::openResponse() {
     HBL_ASSERT_NAMED(m_writer && m_writer->isSent(), "The request has not been sent.");
     HBL_ASSERT_NAMED(!m_reader, "The openResponse() method can only be called once.");
-    return hblRethrowing("TavelTKSession::openResponse",
-                         [&]() -> TavelTKMessageReader& { return m_reader.emplace(m_wire); });
+    return hblRethrowing("TavelTKSession::openResponse", [&]() -> TavelTKMessageReader& {
+        return m_reader.emplace(m_wire, m_in, m_writer->takeEarlyReply());
+    });
 }
 
 void HttpSession::closeResponse(TavelTKMessageReader& reader) {

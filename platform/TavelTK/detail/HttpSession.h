@@ -34,6 +34,7 @@ private:
     [[noreturn]] void refuse(const char* operation);
 
     Wire m_wire;
+    ReplyInput m_in{m_wire};
     std::string m_sessionConfig;
     std::optional<HttpMessageWriter> m_writer;
     std::optional<HttpMessageReader> m_reader;

@@ -14,14 +14,17 @@ namespace {
 } // namespace
 
 void HttpTavelTK::setProperty(const std::string& name, int value) {
+    const std::lock_guard lock(m_mutex);
     m_options.set(name, value);
 }
 
 void HttpTavelTK::setProperty(const std::string& name, const std::string& value) {
+    const std::lock_guard lock(m_mutex);
     m_options.set(name, value);
 }
 
 TavelTKSession* HttpTavelTK::newSession(Endpoint endpoint, const char* sessionConfig, int timeLimit) const {
+    const std::lock_guard lock(m_mutex);
     return hblNew<HttpSession>(HBL_HERE, std::move(endpoint), sessionConfig, timeLimit, m_options,
                                m_surroundings);
 }

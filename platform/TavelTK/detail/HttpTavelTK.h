@@ -5,6 +5,8 @@
 #include "TavelTK/detail/SessionOptions.h"
 #include "TavelTK/detail/Wire.h"
 
+#include <mutex>
+
 namespace mrl::detail {
 
 /// The factory of sessions over HTTP.
@@ -27,7 +29,8 @@ public:
 private:
     TavelTKSession* newSession(Endpoint endpoint, const char* sessionConfig, int timeLimit) const;
 
-    Surroundings m_surroundings;
+    const Surroundings m_surroundings;
+    mutable std::mutex m_mutex;
     SessionOptions m_options;
 };
 

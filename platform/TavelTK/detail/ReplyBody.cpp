@@ -88,6 +88,8 @@ std::size_t ReplyBody::read(char* buffer, std::size_t size) {
                               std::to_string(m_stated) + " bytes");
         if (m_framing == Framing::chunks)
             m_in.wire().broke("it was closed within a chunk, after " + std::to_string(m_total) + " bytes");
+        if (!m_in.wire().cut().empty())
+            m_in.wire().broke(m_in.wire().cut());
         m_atEnd = true;
         return 0;
     }

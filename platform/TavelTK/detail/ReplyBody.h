@@ -20,7 +20,7 @@ public:
     std::size_t read(char* buffer, std::size_t size) override;
 
     bool atEnd() const { return m_atEnd; }
-    /// Whether the end of the connection is the end of the body, so that a loss cannot be told from it.
+    /// Whether the end of the connection is the end of the body, so that a loss may not be told from it.
     bool endsWithConnection() const { return m_framing == Framing::untilClose; }
     /// The stated length; -1 if none is stated.
     std::int64_t statedLength() const { return m_stated; }

@@ -30,24 +30,27 @@ ReplyHead parseStatusLine(ReplyInput& in, std::string_view line) {
 
 } // namespace
 
+ReplyHead ReplyHead::readOne(ReplyInput& in, std::int64_t& budget) {
+    ReplyHead head = parseStatusLine(in, in.readLine(budget, "reply header"));
+    for (;;) {
+        const std::string line = in.readLine(budget, "reply header");
+        if (line.empty())
+            break;
+        if (!head.headers.add(line))
+            refuse(in, "a header line is", line);
+    }
+    if (head.status == 101)
+        refuse(in, "the status is", "101 " + head.reason);
+    if (head.status < 100)
+        refuse(in, "the status is", std::to_string(head.status));
+    return head;
+}
+
 ReplyHead ReplyHead::read(ReplyInput& in) {
     std::int64_t budget = in.wire().options().maxHeaderBytes;
-    for (;;) {
-        ReplyHead head = parseStatusLine(in, in.readLine(budget, "reply header"));
-        for (;;) {
-            const std::string line = in.readLine(budget, "reply header");
-            if (line.empty())
-                break;
-            if (!head.headers.add(line))
-                refuse(in, "a header line is", line);
-        }
-        if (head.status == 101)
-            refuse(in, "the status is", "101 " + head.reason);
-        if (head.status >= 200)
+    for (;;)
+        if (ReplyHead head = readOne(in, budget); !head.isInterim())
             return head;
-        if (head.status < 100)
-            refuse(in, "the status is", std::to_string(head.status));
-    }
 }
 
 bool ReplyHead::keepsConnection() const {

@@ -3,6 +3,7 @@
 #include "TavelTK/detail/Headers.h"
 #include "TavelTK/detail/ReplyInput.h"
 
+#include <cstdint>
 #include <string>
 
 namespace mrl::detail {
@@ -17,6 +18,11 @@ struct ReplyHead {
     /// Reads them, past interim replies (status 1xx), within "max-header-bytes".
     /// @throws TavelTKException badHttpReply, replyTooLarge, connectionBroke and what Wire::receive throws.
     static ReplyHead read(ReplyInput& in);
+
+    /// Reads one, interim or not. Its bytes are taken off `budget`.
+    static ReplyHead readOne(ReplyInput& in, std::int64_t& budget);
+
+    bool isInterim() const { return status < 200; }
 
     /// Whether the peer leaves the connection open after this reply.
     bool keepsConnection() const;

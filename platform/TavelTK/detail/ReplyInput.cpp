@@ -11,6 +11,14 @@ bool ReplyInput::fill() {
     return m_end != 0;
 }
 
+bool ReplyInput::comesWithin(milliseconds time) {
+    if (m_begin != m_end)
+        return true;
+    m_begin = m_end = 0;
+    m_end = m_wire.receive(m_buffer.data(), m_buffer.size(), time).value_or(0);
+    return m_end != 0;
+}
+
 std::size_t ReplyInput::read(char* buffer, std::size_t size) {
     if (m_begin == m_end) {
         if (size >= m_buffer.size())

@@ -25,6 +25,9 @@ public:
     ///         connection ends before the line does.
     std::string readLine(std::int64_t& budget, std::string_view what);
 
+    /// Whether the next bytes come within that time.
+    bool comesWithin(milliseconds time);
+
     /// Whether bytes are left over that belong to no reply.
     bool hasLeftover() const { return m_begin != m_end; }
 

@@ -40,6 +40,29 @@ std::string excerpt(const ReplyHead& head, ReplyBody& body, Wire& wire) {
     wire.fail(TavelTKError::notSoapReply, TavelTKPhase::readReply, cause);
 }
 
+/// Answers that say what else the peer wants, each with a failure of its own.
+void refuseDemands(const ReplyHead& head, Wire& wire) {
+    const auto stated = [&](const char* name) {
+        const std::string* const value = head.headers.find(name);
+        return value ? "'" + printable(*value) + "'" : std::string("nothing");
+    };
+    const std::string status = "status " + std::to_string(head.status) + " " + printable(head.reason, 60);
+    const SessionOptions& options = wire.options();
+    if (head.status >= 300 && head.status < 400 && head.headers.find("Location"))
+        wire.fail(TavelTKError::redirected, TavelTKPhase::readReply,
+                  status + " to " + stated("Location") + "; call that address if you trust it");
+    if (head.status == 401)
+        wire.fail(TavelTKError::authenticationRequired, TavelTKPhase::readReply,
+                  status + ", asking for " + stated("WWW-Authenticate") + "; " +
+                      (options.user.empty() ? "no credentials were given (user, password)"
+                                            : "the given user was not accepted"));
+    if (head.status == 407)
+        wire.fail(TavelTKError::proxyAuthenticationRequired, TavelTKPhase::readReply,
+                  status + ", asking for " + stated("Proxy-Authenticate") + "; " +
+                      (options.proxyUser.empty() ? "no credentials were given (proxy-user, proxy-password)"
+                                                 : "the given user was not accepted"));
+}
+
 } // namespace
 
 bool ReplyType::checkXml(const std::string& contentType, Wire& wire) {
@@ -57,6 +80,7 @@ bool ReplyType::checkXml(const std::string& contentType, Wire& wire) {
 }
 
 ReplyType ReplyType::check(const ReplyHead& head, ReplyBody& body, Wire& wire) {
+    refuseDemands(head, wire);
     if (head.status != 200 && head.status != 500) // 500 is how a SOAP fault comes
         refuse(head, body, wire, "");
     if (const std::string* coding = head.headers.find("Content-Encoding");

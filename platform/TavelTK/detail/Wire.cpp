@@ -3,9 +3,6 @@
 #include "TavelTK/detail/ConnectionPool.h"
 #include "TavelTK/detail/Failure.h"
 
-#include <Poco/Net/DNS.h>
-#include <Poco/Net/NetException.h>
-
 #include <algorithm>
 #include <random>
 
@@ -28,26 +25,25 @@ std::string randomToken() {
 } // namespace
 
 Surroundings Surroundings::real() {
-    return {ConnectionPool::shared(), Clock::steady(), &randomToken};
+    return {ConnectionPool::shared(), Clock::steady(), &randomToken, TlsContexts::shared()};
 }
 
 Wire::Wire(Endpoint endpoint, int timeLimit, const Surroundings& surroundings)
     : m_endpoint(std::move(endpoint))
     , m_peer(m_endpoint.authority())
     , m_timeLimit(timeLimit)
-    , m_surroundings(surroundings) {
-    start();
-}
+    , m_surroundings(surroundings) {}
 
 void Wire::start() {
     m_end = m_surroundings.clock.now() + std::chrono::seconds(m_timeLimit);
+    m_route.emplace(m_endpoint, m_options);
 }
 
 void Wire::hurry(milliseconds left) {
     m_end = std::min(m_end, m_surroundings.clock.now() + left);
 }
 
-Wire::Limit Wire::limit(std::int64_t step, const char* property) const {
+Limit Wire::limit(std::int64_t step, const char* property) const {
     const TimePoint stepEnd = m_surroundings.clock.now() + milliseconds(step);
     if (step > 0 && stepEnd < m_end)
         return {stepEnd, std::to_string(step) + " ms have passed (" + property + ")"};
@@ -64,62 +60,63 @@ void Wire::broke(std::string_view cause) {
     fail(TavelTKError::connectionBroke, TavelTKPhase::readReply, cause);
 }
 
-void Wire::connect() {
-    m_connection = m_surroundings.pool.take(m_peer, m_surroundings.clock.now());
-    if (!m_connection)
-        m_connection = openConnection();
+std::string Wire::credentials(std::string_view header, const std::string& user, const std::string& password) {
+    std::string line = std::string(header) + ": ";
+    m_secrets.push_back(basicCredentials(user, password));
+    return line.append(m_secrets.back()).append("\r\n");
 }
 
-std::unique_ptr<Connection> Wire::openConnection() {
-    std::vector<Poco::Net::IPAddress> addresses;
-    try {
-        if (Poco::Net::IPAddress address; Poco::Net::IPAddress::tryParse(m_endpoint.host, address))
-            addresses.push_back(address);
-        else
-            addresses = Poco::Net::DNS::hostByName(m_endpoint.host).addresses();
-    } catch (const Poco::Exception& e) {
-        fail(TavelTKError::hostUnknown, TavelTKPhase::connect, e.displayText());
-    }
-    if (addresses.empty())
-        fail(TavelTKError::hostUnknown, TavelTKPhase::connect, "the name has no address");
+void Wire::connect() {
+    m_connection = m_surroundings.pool.take(m_route->poolKey, m_surroundings.clock.now());
+    if (m_connection)
+        return;
+    Connector connector(*m_route, m_options, limit(m_options.connectTimeLimit, "connect-time-limit"),
+                        m_surroundings.clock, m_surroundings.tls);
+    m_connection = connector.connect();
+}
 
-    const Limit limit = this->limit(m_options.connectTimeLimit, "connect-time-limit");
-    TavelTKError error = TavelTKError::connectFailed;
-    std::string cause;
-    for (const Poco::Net::IPAddress& address : addresses) {
-        const auto left =
-            std::chrono::ceil<std::chrono::microseconds>(limit.until - m_surroundings.clock.now());
-        if (left.count() <= 0)
-            fail(TavelTKError::connectTimedOut, TavelTKPhase::connect, limit.text);
-        try {
-            Poco::Net::StreamSocket socket;
-            socket.connect({address, m_endpoint.port}, Poco::Timespan(left.count()));
-            return std::make_unique<Connection>(socket);
-        } catch (const Poco::TimeoutException&) {
-            fail(TavelTKError::connectTimedOut, TavelTKPhase::connect, limit.text);
-        } catch (const Poco::Net::ConnectionRefusedException& e) {
-            error = TavelTKError::connectionRefused;
-            cause = e.displayText();
-        } catch (const Poco::Exception& e) {
-            error = TavelTKError::connectFailed;
-            cause = e.displayText();
-        }
+void Wire::echoSent(std::string_view bytes) {
+    if (!m_secrets.empty()) { // the head of the request, always in one piece
+        const std::size_t end = std::min(bytes.find("\r\n\r\n"), bytes.size());
+        std::string head(bytes.substr(0, end));
+        for (const std::string& secret : m_secrets)
+            if (const std::size_t at = head.find(secret); at != std::string::npos)
+                head.replace(at, secret.size(), "***");
+        m_secrets.clear();
+        m_echo->write(head);
+        bytes.remove_prefix(end);
     }
-    fail(error, TavelTKPhase::connect, cause);
+    m_echo->write(bytes);
+}
+
+// A peer that refuses a request often says why before it closes.
+void Wire::failSending(const IoResult& sent) {
+    if (sent.error)
+        fail(*sent.error, TavelTKPhase::send, sent.cause);
+    char answer[256];
+    const IoResult late = m_connection->receive(
+        answer, sizeof answer, m_surroundings.clock.now() + milliseconds(100), m_surroundings.clock);
+    if (late.error)
+        fail(*late.error, TavelTKPhase::send, late.cause);
+    std::string cause = sent.cause.empty() ? "the peer closed it" : sent.cause;
+    const std::string_view words(answer, late.count);
+    if (words.starts_with("HTTP/"))
+        cause += "; it answered '" + printable(words.substr(0, words.find_first_of("\r\n"))) + "'";
+    fail(TavelTKError::sendFailed, TavelTKPhase::send, cause);
 }
 
 void Wire::send(std::string_view bytes) {
     if (!m_connection)
         connect();
     if (m_echo)
-        m_echo->write(bytes);
+        echoSent(bytes);
     while (!bytes.empty()) {
         const Limit limit = this->limit(m_options.sendTimeLimit, "send-time-limit");
         const IoResult sent = m_connection->send(bytes, limit.until, m_surroundings.clock);
         if (sent.status == IoResult::timedOut)
             fail(TavelTKError::sendTimedOut, TavelTKPhase::send, limit.text);
         if (sent.status != IoResult::done)
-            fail(TavelTKError::sendFailed, TavelTKPhase::send, sent.cause);
+            failSending(sent);
         bytes.remove_prefix(sent.count);
     }
 }
@@ -130,11 +127,28 @@ std::size_t Wire::receive(char* buffer, std::size_t size) {
     const IoResult received = m_connection->receive(buffer, size, limit.until, m_surroundings.clock);
     if (received.status == IoResult::timedOut)
         fail(TavelTKError::receiveTimedOut, receivingPhase(), limit.text);
+    return take(received, buffer);
+}
+
+std::optional<std::size_t> Wire::receive(char* buffer, std::size_t size, milliseconds within) {
+    HBL_ASSERT(m_connection);
+    const TimePoint until = std::min(m_end, m_surroundings.clock.now() + within);
+    const IoResult received = m_connection->receive(buffer, size, until, m_surroundings.clock);
+    if (received.status == IoResult::timedOut)
+        return {};
+    return take(received, buffer);
+}
+
+std::size_t Wire::take(const IoResult& received, const char* buffer) {
+    if (received.error)
+        fail(*received.error, receivingPhase(), received.cause);
     if (received.status != IoResult::done && m_received == 0)
         fail(TavelTKError::closedBeforeReply, TavelTKPhase::awaitReply,
              received.cause.empty() ? "the peer closed it" : received.cause);
     if (received.status == IoResult::failed)
         broke(received.cause);
+    if (received.status == IoResult::closed)
+        m_cut = received.cause;
     m_received += received.count;
     if (m_echo && received.count != 0)
         m_echo->write({buffer, received.count});
@@ -143,7 +157,7 @@ std::size_t Wire::receive(char* buffer, std::size_t size) {
 
 void Wire::keepConnection() {
     if (m_connection) // a failure has closed it
-        m_surroundings.pool.give(m_peer, std::move(m_connection), m_surroundings.clock.now());
+        m_surroundings.pool.give(m_route->poolKey, std::move(m_connection), m_surroundings.clock.now());
 }
 
 } // namespace mrl::detail
