@@ -1,0 +1,228 @@
+#include "Common/HBLI18NBuffer.h"
+#include "Common/MRLExceptionMessage.h"
+#include "Common/MRLMessageNumbers.h"
+#include "Session/MRLHelper.h"
+#include "Session/MRLStringDomWriter.h"
+#include "support/ConfigurationFile.h"
+#include "support/Failure.h"
+
+#include "HBLCore/HBLByteBuffer.h"
+#include "HBLCore/HBLUtCrc32.h"
+#include "HBLIDOM/HBLIDOM.h"
+#include "PLQStreams/PLQMemoryInputStream.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <sstream>
+
+namespace {
+
+HBLIDOM_Document parsed(const std::string& text) {
+    HBLIDOM_Document document;
+    MRLHelper::parseXML(text.data(), text.size(), document);
+    return document;
+}
+
+/// A file name of this test, removed at both ends.
+class ScratchFile {
+public:
+    ScratchFile()
+        : path(ConfigurationFile::path() + ".xml-helpers") {
+        std::filesystem::remove(path);
+    }
+    explicit ScratchFile(const std::string& text)
+        : ScratchFile() {
+        std::ofstream(path, std::ios::binary) << text;
+    }
+    ~ScratchFile() { std::filesystem::remove(path); }
+    ScratchFile(const ScratchFile&) = delete;
+    ScratchFile& operator=(const ScratchFile&) = delete;
+    std::string text() const {
+        std::stringstream out;
+        out << std::ifstream(path).rdbuf();
+        return out.str();
+    }
+    const std::string path;
+};
+
+TEST(XmlHelpers, ParseFromEverySourceAndTellWhereItFails) {
+    const std::string good = "<?xml version='1.0'?><a><b/></a>";
+    const std::string bad = "<a>\n<b></a>";
+    const ScratchFile file(bad);
+    HBLIDOM_Document document = parsed(good);
+    EXPECT_EQ(document.getDocumentElement().getTagName(), "a");
+
+    expectFailure([&] { MRLHelper::parseXML(bad.data(), bad.size(), document); }, msg::malformedXmlDocument,
+                  {"2", "6"}, "MRLHelper::parseXML");
+    EXPECT_TRUE(document.getFirstChild().isNull()); // a new one, not the one before
+    PLQMemoryInputStream stream(bad.data(), bad.size());
+    expectFailure([&] { MRLHelper::parseXML(stream, document); }, msg::malformedXmlDocument, {"2", "6"});
+    expectFailure([&] { MRLHelper::parseXML(file.path.c_str(), document); }, msg::malformedXmlFile,
+                  {file.path, "2", "6"});
+    expectFailure([&] { MRLHelper::parseXML("/no/such.xml", document); }, msg::malformedXmlFile,
+                  {"/no/such.xml", "0", "0"});
+    expectAssert([&] { MRLHelper::parseXML(nullptr, 1, document); }, "HBL_ASSERT(buffer);");
+    expectAssert([&] { MRLHelper::parseXML(nullptr, document); }, "HBL_ASSERT(filename);");
+    const std::string hostile = "<!DOCTYPE a [<!ENTITY e SYSTEM 'file:///etc/passwd'>]><a>&e;</a>";
+    EXPECT_THROW(MRLHelper::parseXML(hostile.data(), hostile.size(), document), HBLException);
+}
+
+struct Declared {
+    const char* document;
+    const char* result; ///< null for none
+};
+
+TEST(XmlHelpers, PutADocumentTypeInFrontOfTheFirstTag) {
+    for (const auto& [document, result] :
+         {Declared{"<a/>", "<!DOCTYPE r SYSTEM \"/d.dtd\"><a/>"},
+          Declared{" \n<?xml version='1.0'?>\n<a/>",
+                   " \n<?xml version='1.0'?>\n<!DOCTYPE r SYSTEM \"/d.dtd\"><a/>"},
+          Declared{"<?xml-x?><a/>", "<!DOCTYPE r SYSTEM \"/d.dtd\"><?xml-x?><a/>"},
+          Declared{"<?xml version='1.0'?><!DOCTYPE a><a/>", nullptr}, Declared{"<!DOCTYPE a><a/>", nullptr},
+          Declared{"<!DOCTYPE ", "<!DOCTYPE r SYSTEM \"/d.dtd\"><!DOCTYPE "}, // cut off: ten bytes
+          Declared{"<?xml version='1.0'?>", nullptr}, Declared{"no tag", nullptr}, Declared{"", nullptr}}) {
+        std::string out;
+        EXPECT_EQ(MRLHelper::addDocumentTypeDeclaration(document, std::strlen(document), out, "/d.dtd", "r"),
+                  result != nullptr)
+            << document;
+        EXPECT_EQ(out, result == nullptr ? "" : result);
+    }
+    std::string out;
+    EXPECT_EQ(MRLHelper::addDocumentTypeDeclaration("<a/>", 4, out, nullptr, nullptr), 1);
+    EXPECT_TRUE(out.starts_with("<!DOCTYPE report SYSTEM \"/")) << out;
+    EXPECT_TRUE(out.ends_with("/schemas/rspec/4.0/V5_report.dtd\"><a/>")) << out;
+    expectAssert([&] { MRLHelper::addDocumentTypeDeclaration(nullptr, 0, out, nullptr, nullptr); },
+                 "HBL_ASSERT(buffer);");
+}
+
+TEST(XmlHelpers, LoadReportSpecificationsWithAndWithoutADocumentType) {
+    for (const char* text :
+         {"<report><x/></report>", "<!DOCTYPE report SYSTEM 'r.dtd'><report><x/></report>"}) {
+        const ScratchFile file(text);
+        HBLIDOM_Document document;
+        MRLHelper::loadReportSpecificationFromFile(file.path.c_str(), document);
+        EXPECT_EQ(document.getDocumentElement().getTagName(), "report");
+    }
+    HBLIDOM_Document before = parsed("<before/>");
+    HBLIDOM_Document document = before;
+    const ScratchFile empty("");
+    for (const char* path : {static_cast<const char*>(nullptr), "/no/such.xml", empty.path.c_str()}) {
+        MRLHelper::loadReportSpecificationFromFile(path, document);
+        EXPECT_EQ(document, before);
+    }
+}
+
+struct Addressed {
+    const char* document;
+    const char* element;
+    const char* stop; ///< local name; null for none
+    int fromZero;
+    const char* path;
+};
+
+TEST(XmlHelpers, AddressElementsFromAStoppingAncestorOrTheRoot) {
+    constexpr const char* PLAIN = "<a><b/>text<b><c/></b></a>";
+    for (const auto& [text, element, stop, fromZero, path] : {
+             Addressed{PLAIN, "c", nullptr, 0, "a/b[2]/c"},
+             Addressed{PLAIN, "c", nullptr, 1, "a/b[1]/c"},
+             Addressed{PLAIN, "c", "a", 0, "./b[2]/c"},
+             Addressed{PLAIN, "c", "c", 0, "./"},
+             Addressed{PLAIN, "b", nullptr, 0, "a/b[1]"}, // the first of two
+             Addressed{"<x:a xmlns:x='urn:x'><x:b/><b><x:c/></b></x:a>", "x:c", nullptr, 0, "x:a/b/x:c"},
+         }) {
+        const HBLIDOM_Document document = parsed(text);
+        HBLI18NBuffer got(u"before");
+        MRLHelper::getDomXPath(HBLIDOM_Helper::findFirstElement(document, element), got,
+                               stop == nullptr ? 0 : HBLUtCrc32::crc32(I18NString(stop), 0, 0), fromZero);
+        EXPECT_EQ(got.getString().toUtf8(), path);
+    }
+}
+
+TEST(XmlHelpers, CloneElementsAndDocuments) {
+    HBLIDOM_Document document = parsed("<!-- c --><a x='1'>t<b/></a>");
+    const HBLIDOM_Document whole = MRLHelper::clone(document);
+    EXPECT_EQ(HBLIDOM_Helper::toString(whole), HBLIDOM_Helper::toString(document));
+    HBLIDOM_Element b = HBLIDOM_Helper::findFirstElement(document, "b");
+    EXPECT_EQ(HBLIDOM_Helper::toString(MRLHelper::clone(b).getDocumentElement()), "<b/>");
+    HBLIDOM_Document empty = HBLIDOM_DOMImplementation::getInstance().createDocument();
+    EXPECT_TRUE(MRLHelper::clone(empty).getFirstChild().isNull());
+    HBLIDOM_Node text = document.getDocumentElement().getFirstChild();
+    expectAssert([&] { MRLHelper::clone(text); },
+                 "HBL_ASSERT_NAMED((nodeToClone.getNodeType() == HBLIDOM_Node::DOCUMENT_NODE) || "
+                 "(nodeToClone.getNodeType() == HBLIDOM_Node::ELEMENT_NODE), \"Unsupported node type.\");");
+}
+
+TEST(XmlHelpers, KeepTraceFilesWellFormedBehindEachSection) {
+    const ScratchFile file;
+    MRLHelper::endXmlTraceFile(MRLHelper::startXmlTraceFile(file.path.c_str(), nullptr));
+    EXPECT_EQ(file.text(), "<x>\n<document>\n</document>\n</x>");
+    std::FILE* const section = MRLHelper::startXmlTraceFile(file.path.c_str(), "id=\"2\"");
+    std::fputs("<y/>", section);
+    MRLHelper::endXmlTraceFile(section);
+    EXPECT_EQ(file.text(), "<x>\n<document>\n</document>\n<document id=\"2\">\n<y/></document>\n</x>");
+    EXPECT_EQ(MRLHelper::startXmlTraceFile("/no/such/dir/t.xml", nullptr), nullptr);
+    MRLHelper::endXmlTraceFile(nullptr);
+    expectAssert([] { MRLHelper::startXmlTraceFile(nullptr, nullptr); }, "HBL_ASSERT(fileName);");
+}
+
+TEST(MRLStringDomWriter, AppendsToTheCallersString) {
+    std::string target = "before";
+    MRLStringDomWriter writer(target, 5000);
+    EXPECT_GE(target.capacity(), 5000U);
+    DomWriter& slots = writer;
+    slots.write("abc", 2);
+    slots.write(nullptr, 0);
+    slots.write("d");
+    slots.write(nullptr);
+    slots.endline();
+    EXPECT_EQ(target, "beforeabd\n");
+    expectAssert([&] { slots.write(nullptr, 1); }, "HBL_ASSERT(s && length > 0);");
+    expectAssert([&] { slots.write("a", -1); }, "HBL_ASSERT(s && length > 0);");
+    EXPECT_THROW(MRLStringDomWriter(target, std::numeric_limits<std::size_t>::max()), HBLStdExceptionError);
+}
+
+TEST(XmlHelpers, WriteFailuresAsMessageElements) {
+    HBLByteBuffer out(0, 16, 16);
+    MRLHelper::writeErrorMessage(out, "a < \"b\"", nullptr);
+    MRLHelper::writeErrorMessage(out, "", "<raw>");
+    EXPECT_STREQ(out.str(),
+                 "<message type=\"layout\" severity=\"error\" title=\"a &lt; &quot;b&quot;\" location=\"\"/>"
+                 "<message type=\"layout\" severity=\"error\" title=\"\" location=\"<raw>\"/>");
+    out.reset();
+    MRLExceptionMessage message(0x12345678); // without a text: number and parameters
+    MRLHelper::writeErrorMessage(out, message, "", "a&b", "c", "", "en", nullptr);
+    EXPECT_STREQ(out.str(), "<message type=\"layout\" severity=\"error\" "
+                            "title=\"MRLmsgs 0x12345678: a&amp;b, c\" location=\"\"/>");
+}
+
+struct Algorithm {
+    const char* crypto;
+    const char* expected;
+};
+
+TEST(XmlHelpers, FindTheAlgorithmOfPdfDocumentsInTheConfiguration) {
+    const std::string head = "<qzn:instances name='cryptoProvider'><qzn:instance name='Vantor'>";
+    const std::string tail = "</qzn:instance></qzn:instances>";
+    for (const auto& [crypto, expected] :
+         {Algorithm{
+              "<qzn:parameter name='PDFConfidentialityAlgorithm'><qzn:value>AES</qzn:value></qzn:parameter>",
+              "AES"},
+          Algorithm{"<qzn:parameter name='PDFConfidentialityAlgorithm'/>", "RC4"},
+          Algorithm{"<qzn:parameter name='other'><qzn:value>AES</qzn:value></qzn:parameter>", "RC4"}}) {
+        const ConfigurationFile file(
+            ConfigurationFile::withParameters(ConfigurationFile::parameter("CRYPTO", head + crypto + tail)));
+        std::string algorithm;
+        MRLHelper::getPdfSecurityAlgorithm(algorithm);
+        EXPECT_EQ(algorithm, expected) << crypto;
+    }
+    const ConfigurationFile without(ConfigurationFile::withParameters(""));
+    std::string algorithm;
+    expectFailure([&] { MRLHelper::getPdfSecurityAlgorithm(algorithm); }, msg::malformedXmlDocument,
+                  {"1", "1"});
+}
+
+} // namespace
