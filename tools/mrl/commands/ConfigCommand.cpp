@@ -1,0 +1,75 @@
+#include "commands/Command.h"
+#include "config/ConfigCheck.h"
+#include "config/ConfigFile.h"
+#include "config/ConfigShow.h"
+
+#include <algorithm>
+#include <iostream>
+#include <memory>
+#include <string>
+
+namespace mrl::tool {
+
+namespace {
+
+using Finding = HBLConfigurationFinding;
+
+struct ConfigOptions {
+    CLI::App* show = nullptr; // owned by the parent, as the others
+    std::string file;
+    bool isStrict = false;
+};
+
+int noFile(const ConfigFile& file) {
+    std::cout << "# no file at " << file.path << " (" << file.origin << "): the defaults hold\n";
+    return e_Ok;
+}
+
+int check(const ConfigOptions& options) {
+    const ConfigFile file = configFile(options.file);
+    if (!file.isThere) {
+        return noFile(file);
+    }
+    const auto document = HBLConfigurationDocument::read(file.path);
+    const auto findings = examined(document);
+    printFindings(findings, std::cout);
+    const auto errors = std::ranges::count(findings, Finding::eWrong, &Finding::weight);
+    std::cout << file.path << ": " << document.getProperties().size() << " properties, " << errors
+              << " errors, " << findings.size() - static_cast<std::size_t>(errors) << " warnings\n";
+    return errors != 0 || (options.isStrict && !findings.empty()) ? e_No : e_Ok;
+}
+
+int show(const ConfigOptions& options) {
+    const ConfigFile file = configFile(options.file);
+    if (!file.isThere) {
+        noFile(file);
+        printConfiguration(nullptr, std::cout);
+        return e_Ok;
+    }
+    const auto document = HBLConfigurationDocument::read(file.path);
+    document.requireSound();
+    std::cout << "# " << file.path << " (" << file.origin << ")\n";
+    printConfiguration(&document, std::cout);
+    return e_Ok;
+}
+
+} // namespace
+
+Command addConfigCommand(CLI::App& app) {
+    CLI::App* options = app.add_subcommand("config", "What is configured, and what is wrong with it");
+    options->require_subcommand(1);
+    options->footer(
+        "Without FILE it is the file that the toolkit would load: the one that MRL_CONFIGURATION names, "
+        "else ../configuration/qzconfig.xml as seen from the programs.");
+    const auto given = std::make_shared<ConfigOptions>();
+    CLI::App* const checking =
+        options->add_subcommand("check", "Finds mistakes: one line each, with its place and the remedy");
+    checking->add_option("FILE", given->file, "A configuration file");
+    checking->add_flag("--strict", given->isStrict, "Warnings count as errors");
+    checking->footer("Exit codes: 0 usable, 1 there are errors (with --strict: or warnings), 2 wrong usage.");
+    given->show = options->add_subcommand("show", "What holds and where it comes from; secrets are masked");
+    given->show->add_option("FILE", given->file, "A configuration file");
+    return {options, [given]() -> int { return given->show->parsed() ? show(*given) : check(*given); }};
+}
+
+} // namespace mrl::tool
