@@ -74,6 +74,8 @@ int BlockFile::unseal(std::uint64_t index, std::uint64_t number, unsigned char* 
 }
 
 int BlockFile::read(std::uint64_t index, unsigned char* block) {
+    if (m_forks != forkCount())
+        return EPERM;
     const std::uint64_t number = index < m_number.size() ? m_number[index] : 0;
     if (number == 0) {
         std::fill_n(block, c_blockSize, static_cast<unsigned char>(0));

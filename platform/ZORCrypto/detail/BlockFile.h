@@ -15,7 +15,8 @@ namespace mrl::detail {
 /// block that an attacker changed, moved to another place or brought back from earlier fails to open,
 /// because number or place are not those it was sealed with.
 ///
-/// Results are 0 or an errno. One thread at a time.
+/// Results are 0 or an errno; EPERM in a child process, whose writes would use the numbers of its parent's.
+/// One thread at a time.
 class BlockFile {
 public:
     static constexpr std::size_t c_blockSize = 16384; // of clear text
@@ -40,7 +41,6 @@ public:
     int reserve(std::uint64_t index);
 
     /// Seals and writes `block`.
-    /// @return EPERM in a child process, whose writes would use the numbers of its parent's.
     int write(std::uint64_t index, const unsigned char* block);
 
     int close();

@@ -114,7 +114,7 @@ std::optional<KeySet> KeyStoreFile::read(FileState* state) const {
                                  "): chmod 600 it, and rotate its keys if somebody may have read them");
     checkDirectory();
     if (static_cast<std::size_t>(status.st_size) > c_sizeLimit)
-        refuse(eZORKeyStore, "is damaged: it is larger than any key store");
+        refuse(eZORKeyStore, "is damaged: it is larger than any key store; restore it from a backup");
     SecretText content(static_cast<std::size_t>(status.st_size) + 1);
     std::string& text = content.text();
     text.resize(static_cast<std::size_t>(status.st_size));

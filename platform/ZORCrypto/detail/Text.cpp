@@ -55,6 +55,9 @@ bool fromBase64(std::string_view text, std::string& bytes) {
     if (HBLBase64Decode(terminated.c_str(), decoded.data(), &size) != 0)
         return false;
     decoded.resize(size);
+    const std::size_t lastGroup = size == 0 ? 0 : (size - 1) / 3 * 3;
+    if (!text.ends_with(toBase64(std::string_view(decoded).substr(lastGroup))))
+        return false; // bits to spare that are not zero: one way of writing each value
     bytes = std::move(decoded);
     return true;
 }

@@ -1,0 +1,186 @@
+// The protected file: the same to its user as a plain one, and nobody else's.
+#include "ZORCrypto/ZORFmFile.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <random>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t BLOCK = 16384;
+constexpr std::size_t STORED = BLOCK + 16;
+
+class ProtectedFile : public testing::Test {
+protected:
+    ProtectedFile() {
+        std::string pattern = testing::TempDir() + "mrl_zor_XXXXXX";
+        m_directory = mkdtemp(pattern.data());
+        m_path = (m_directory / "file").string();
+        EXPECT_EQ(m_file.open(m_path.c_str(), HBLFmFile::eCreateAlways, 0), 1);
+    }
+    ~ProtectedFile() override { fs::remove_all(m_directory); }
+
+    std::string stored() const {
+        std::ifstream in(m_path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+    void store(const std::string& bytes) const {
+        std::fstream(m_path, std::ios::binary | std::ios::in | std::ios::out) << bytes;
+        fs::resize_file(m_path, bytes.size());
+    }
+    void put(std::size_t block, char c) {
+        const std::string text(BLOCK, c);
+        EXPECT_EQ(m_file.seek(block * BLOCK, HBLFmFile::eBegin), static_cast<std::int64_t>(block * BLOCK));
+        EXPECT_EQ(m_file.write(text.data(), text.size()), static_cast<std::int64_t>(BLOCK));
+    }
+    /// The block's first byte, or 0 when it is refused.
+    char get(std::size_t block) {
+        char c = 0;
+        m_file.seek(block * BLOCK, HBLFmFile::eBegin);
+        const std::int64_t got = m_file.read(&c, 1);
+        EXPECT_TRUE(got == 1 || m_file.getLastError() == EBADMSG);
+        return got == 1 ? c : '\0';
+    }
+
+    fs::path m_directory;
+    std::string m_path;
+    ZORFmFile m_file;
+};
+
+TEST_F(ProtectedFile, ReadsWhatWasWrittenInAnyOrder) {
+    std::mt19937 random(20261121);
+    const auto upTo = [&](std::size_t limit) {
+        return std::uniform_int_distribution<std::size_t>(0, limit)(random);
+    };
+    std::string model;
+    for (int step = 0; step < 600; ++step) {
+        const std::size_t at = upTo(model.size() + (step % 50 == 0 ? 3 * BLOCK : 0));
+        std::string piece(upTo(step % 7 == 0 ? 3 * BLOCK : 900), static_cast<char>('a' + step % 26));
+        ASSERT_EQ(m_file.seek(at, HBLFmFile::eBegin), static_cast<std::int64_t>(at));
+        if (step % 2 == 0) {
+            ASSERT_EQ(m_file.write(piece.data(), piece.size()), static_cast<std::int64_t>(piece.size()));
+            if (!piece.empty() && model.size() < at + piece.size())
+                model.resize(at + piece.size()); // zeros where nothing was written
+            model.replace(std::min(at, model.size()), piece.size(), piece);
+        } else {
+            const std::size_t there = at < model.size() ? std::min(piece.size(), model.size() - at) : 0;
+            ASSERT_EQ(m_file.read(piece.data(), piece.size()), static_cast<std::int64_t>(there));
+            ASSERT_EQ(piece.substr(0, there), model.substr(std::min(at, model.size()), there))
+                << "step " << step;
+        }
+        ASSERT_EQ(m_file.getLength(), static_cast<std::int64_t>(model.size()));
+    }
+    EXPECT_EQ(m_file.seek(static_cast<std::size_t>(-5), HBLFmFile::eEnd),
+              static_cast<std::int64_t>(model.size() - 5));
+    EXPECT_EQ(m_file.seek(static_cast<std::size_t>(-6), HBLFmFile::eBegin), -1);
+    EXPECT_EQ(m_file.seek(0, HBLFmFile::eCurrent), static_cast<std::int64_t>(model.size() - 5))
+        << "the position stays";
+}
+
+TEST_F(ProtectedFile, FindsWhatSomebodyDidToIt) {
+    struct Attack {
+        const char* name;
+        std::function<void(std::string& now, const std::string& before)> change;
+        const char* blocksThen; // the first byte of each block, "-" where it must be refused
+    };
+    const Attack attacks[] = {
+        {"nothing", [](std::string&, const std::string&) {}, "axcd"},
+        {"a bit in the cipher text", [](std::string& now, const std::string&) { now[5] ^= 1; }, "-xcd"},
+        {"a bit in a tag", [](std::string& now, const std::string&) { now[2 * STORED - 1] ^= 1; }, "a-cd"},
+        {"two blocks swapped",
+         [](std::string& now, const std::string&) {
+             const std::string first = now.substr(0, STORED);
+             now.replace(0, STORED, now, STORED, STORED).replace(STORED, STORED, first);
+         },
+         "--cd"},
+        {"an older block put back",
+         [](std::string& now, const std::string& before) {
+             now.replace(STORED, STORED, before, STORED, STORED);
+         },
+         "a-cd"},
+        {"the whole file put back", [](std::string& now, const std::string& before) { now = before; },
+         "a-cd"},
+        {"the end cut off", [](std::string& now, const std::string&) { now.resize(3 * STORED - 1); }, "ax--"},
+        {"everything cut off", [](std::string& now, const std::string&) { now.clear(); }, "----"},
+    };
+    for (const Attack& attack : attacks) {
+        ASSERT_EQ(m_file.open(m_path.c_str(), HBLFmFile::eCreateAlways, 0), 1);
+        for (std::size_t block = 0; block < 4; ++block)
+            put(block, static_cast<char>('a' + block));
+        put(4, 'e'); // the last one is in memory; what comes before is on disk
+        const std::string before = stored();
+        put(1, 'x');
+        get(4);
+        std::string now = stored();
+        attack.change(now, before);
+        store(now);
+        std::string blocks;
+        for (std::size_t block = 0; block < 4; ++block) {
+            const char c = get(block);
+            blocks += c != '\0' ? c : '-';
+        }
+        EXPECT_EQ(blocks, attack.blocksThen) << attack.name;
+    }
+}
+
+TEST_F(ProtectedFile, ShowsNothingOnDiskAndOpensForNobodyAfterwards) {
+    const std::string secret = "a very private line";
+    m_file.write(secret.data(), secret.size());
+    EXPECT_EQ(m_file.close(), 1);
+    EXPECT_EQ(stored().size(), STORED) << "not even how long it is";
+    EXPECT_EQ(stored().find("private"), std::string::npos);
+    EXPECT_EQ(fs::status(m_path).permissions(), fs::perms(0600));
+    EXPECT_EQ(m_file.open(m_path.c_str(), HBLFmFile::eOpenExisting, HBLFmFile::eReadOnly), 0);
+    EXPECT_EQ(m_file.getLastError(), EOPNOTSUPP);
+    char c = 0;
+    EXPECT_EQ(m_file.read(&c, 1), -1);
+    EXPECT_EQ(m_file.getLastError(), EBADF);
+    EXPECT_EQ(m_file.close(), 0);
+}
+
+/// Runs `step` in a child process; its exit code.
+int inChild(const std::function<int()>& step) {
+    const pid_t pid = fork();
+    if (pid == 0)
+        _exit(step());
+    int status = 0;
+    waitpid(pid, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST_F(ProtectedFile, IsOfNoUseToAChildWhichWouldUseItsNoncesAgain) {
+    put(0, 'a');
+    put(1, 'b');
+    EXPECT_EQ(inChild([&] { return m_file.write("x", 1) == -1 ? m_file.getLastError() : 0; }), EPERM);
+    put(1, 'c');
+    EXPECT_EQ(inChild([&] { return m_file.close(); }), 0) << "what is in memory is the parent's to keep";
+    EXPECT_EQ(get(0), 'a');
+    EXPECT_EQ(get(1), 'c');
+}
+
+TEST_F(ProtectedFile, TellsInTheWriteThatFillsTheDisk) {
+    const int seen = inChild([&] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{2 * STORED, 2 * STORED};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        m_file.open(m_path.c_str(), HBLFmFile::eCreateAlways, 0); // its own: this is a child
+        const std::string text(3 * BLOCK, 'x');
+        const bool cut = m_file.write(text.data(), text.size()) == static_cast<std::int64_t>(2 * BLOCK);
+        const bool none = m_file.write("x", 1) == -1;
+        return cut && none && get(0) == 'x' && get(1) == 'x' ? m_file.getLastError() : 0;
+    });
+    EXPECT_EQ(seen, EFBIG);
+}
+
+} // namespace
