@@ -19,6 +19,8 @@ int main(int argc, char** argv) {
         addDescribeCommand(app),
         addCatalogueCommand(app),
         addCallCommand(app),
+        addConfigCommand(app),
+        addKeysCommand(app),
     };
     try {
         app.parse(argc, argv);

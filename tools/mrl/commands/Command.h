@@ -25,5 +25,7 @@ Command addListCommand(CLI::App& app);
 Command addDescribeCommand(CLI::App& app);
 Command addCatalogueCommand(CLI::App& app);
 Command addCallCommand(CLI::App& app);
+Command addConfigCommand(CLI::App& app);
+Command addKeysCommand(CLI::App& app);
 
 } // namespace mrl::tool
