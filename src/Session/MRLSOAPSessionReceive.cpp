@@ -23,10 +23,14 @@ namespace {
 
 constexpr int TRACE_SIZE = 30720;
 
-/// Reads on to the end, so that who listens to the stream sees the whole reply.
+/// Reads on as far as it goes, so that who listens to the stream sees the whole reply.
 void drain(PLQInputStream& in) {
     std::array<char, 1024> piece;
-    while (!PLQInputStream::isEnd(in.read(piece.data(), piece.size()))) {
+    try {
+        while (!PLQInputStream::isEnd(in.read(piece.data(), piece.size()))) {
+        }
+    } catch (
+        HBLThrowable&) { // a reply that broke off breaks off again: the first failure is the one to report
     }
 }
 

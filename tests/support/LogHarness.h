@@ -1,14 +1,14 @@
 #pragma once
 
+#include "support/TemporaryDirectory.h"
+
 #include "logipf2/LogIPFControl.h"
 #include "logipf2/detail/LogClock.h"
 
-#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -20,8 +20,6 @@ class LogHarness {
 public:
     /// Starts logging with a configuration; its relative paths are seen from directory().
     explicit LogHarness(const std::string& configuration) {
-        std::string pattern = (std::filesystem::temp_directory_path() / "mrl-log-XXXXXX").string();
-        m_directory = ::mkdtemp(pattern.data());
         setenv(LogIPFControl::s_locationVariable, path("mrllogging.json").c_str(), 1);
         detail::replaceLogClock(&CLOCK);
         if (!configuration.empty()) {
@@ -33,7 +31,6 @@ public:
         LogIPFControl::stop();
         detail::replaceLogClock(nullptr);
         unsetenv(LogIPFControl::s_locationVariable);
-        std::filesystem::remove_all(m_directory);
     }
     LogHarness(const LogHarness&) = delete;
     LogHarness& operator=(const LogHarness&) = delete;
@@ -45,7 +42,7 @@ public:
     }
     static void pass(int milliseconds) { s_monotonic += milliseconds; }
 
-    std::string path(const std::string& name) const { return m_directory + "/" + name; }
+    std::string path(const std::string& name) const { return m_directory.path() + "/" + name; }
     std::vector<std::string> lines(const std::string& name = "log") const {
         std::ifstream in(path(name));
         std::vector<std::string> found;
@@ -67,7 +64,7 @@ private:
     static constexpr detail::LogClock CLOCK = {[] { return std::int64_t{1795241104123456}; },
                                                [] { return s_monotonic.load(); }};
 
-    std::string m_directory;
+    TemporaryDirectory m_directory;
 };
 
 } // namespace mrl::test
