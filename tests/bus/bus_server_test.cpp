@@ -159,7 +159,7 @@ TEST_F(BusFixture, AnswersWhatIsNoCallWithAStatus) {
          {Case{"GET", "/", "", 200, ""}, Case{"GET", "/wsdl", "", 405, "POST"},
           Case{"DELETE", "/", "", 405, "GET, POST"}, Case{"PUT", "/", "text/xml", 405, "GET, POST"},
           Case{"POST", "/", "application/json", 415, ""}, Case{"POST", "/", "", 415, ""},
-          Case{"POST", "/", "multipart/related; boundary=x", 415, ""}}) {
+          Case{"POST", "/", "multipart/form-data; boundary=x", 415, ""}}) {
         const auto reply =
             send(session, c.method, c.path, c.contentType, c.method == std::string("GET") ? "" : "{}");
         EXPECT_EQ(reply.status, c.status) << c.method << " " << c.path << " " << c.contentType;

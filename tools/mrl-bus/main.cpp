@@ -7,7 +7,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <exception>
 
@@ -18,6 +20,9 @@ using namespace mrl::bus;
 struct Options {
     ServerSettings server;
     StoreSettings store;
+    ServiceSettings services;
+    std::int64_t sessionSeconds = 3600;
+    std::int64_t reportMilliseconds = 200;
 };
 
 /// Blocks the signals that end the bus, in this thread and those it will start: they wait for `wait`, and
@@ -45,7 +50,7 @@ void run(const Options& options) {
     const EndSignals signals;
     ContentStore store(options.store);
     MRL::initialize();
-    RequestProcessor processor(store);
+    RequestProcessor processor(store, options.services);
     BusServer server(processor, options.server);
     std::printf("mrl-bus: listening on %s\n", server.url().c_str());
     std::fflush(stdout);
@@ -69,7 +74,16 @@ int main(int argc, char** argv) {
     app.add_option("--store", options.store.file, "File to keep the content in; in memory without it");
     app.add_flag("--empty", options.store.empty, "Begin a new store without the sample content");
     app.add_flag("--read-only", options.store.readOnly, "Refuse every change of the content");
+    app.add_option("--session-time", options.sessionSeconds, "Seconds after which an unused passport expires")
+        ->check(CLI::Range(1, 1000000))
+        ->capture_default_str();
+    app.add_option("--report-time", options.reportMilliseconds,
+                   "Milliseconds that each report works, for clients that are to wait")
+        ->check(CLI::Range(0, 600000))
+        ->capture_default_str();
     CLI11_PARSE(app, argc, argv);
+    options.services.passports.idleTime = std::chrono::seconds(options.sessionSeconds);
+    options.services.conversations.workTime = std::chrono::milliseconds(options.reportMilliseconds);
     try {
         run(options);
         return 0;

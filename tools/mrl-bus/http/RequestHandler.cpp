@@ -1,11 +1,13 @@
 #include "http/RequestHandler.h"
 
 #include "http/HttpInputStream.h"
+#include "http/HttpMessage.h"
+#include "http/MultipartAnswer.h"
+#include "store/StoreSeams.h"
 
 #include <Poco/Exception.h>
 #include <Poco/Net/HTTPServerRequest.h>
 #include <Poco/Net/HTTPServerResponse.h>
-#include <Poco/Net/MediaType.h>
 #include <Poco/String.h>
 
 #include <cstdio>
@@ -24,8 +26,9 @@ constexpr std::uint64_t drainBytes = 1U << 20U;
 
 constexpr const char* page = R"(mrl-bus: a bus of content services, for trying and testing clients.
 
-POST a SOAP 1.1 envelope (Content-Type: text/xml) to this address.
-Service: contentManagerService. Operations: query, add, update, delete.
+POST a SOAP 1.1 envelope (Content-Type: text/xml) to this address, or one with attachments
+(multipart/related). Services: contentManagerService with query, add, update, delete, logon, logoff;
+reportService and batchReportService with run, wait, getOutput, cancel, release.
 Search paths: /content/*  /content//report  /content/folder[@name='Sales']/report[@name='Revenue']
 )";
 
@@ -36,9 +39,8 @@ void answerText(HTTPServerResponse& response, HTTPResponse::HTTPStatus status, c
     response.sendBuffer(text.data(), text.size());
 }
 
-bool isPlainXml(const HTTPServerRequest& request) {
-    Poco::Net::MediaType type(request.getContentType());
-    if (!type.matches("text", "xml"))
+bool isReadable(const HTTPServerRequest& request) {
+    if (!HttpMessage::reads(request.getContentType()))
         return false;
     const std::string coding = request.get("Content-Encoding", "identity");
     return Poco::icompare(coding, "identity") == 0;
@@ -65,7 +67,7 @@ void RequestHandler::handleRequest(HTTPServerRequest& request, HTTPServerRespons
 
 void RequestHandler::handle(HTTPServerRequest& request, HTTPServerResponse& response) {
     const bool post = request.getMethod() == HTTPRequest::HTTP_POST;
-    if (post && isPlainXml(request) &&
+    if (post && isReadable(request) &&
         (!request.hasContentLength() ||
          static_cast<std::uint64_t>(request.getContentLength64()) <= m_settings.maxBodyBytes)) {
         answerSoap(request, response);
@@ -81,11 +83,11 @@ void RequestHandler::handle(HTTPServerRequest& request, HTTPServerResponse& resp
         response.set("Allow", request.getURI() == "/" ? "GET, POST" : "POST");
         answerText(response, HTTPResponse::HTTP_METHOD_NOT_ALLOWED,
                    "mrl-bus answers POST with a SOAP envelope, and GET of / with a page about itself.\n");
-    } else if (!isPlainXml(request)) {
-        answerText(
-            response, HTTPResponse::HTTP_UNSUPPORTED_MEDIA_TYPE,
-            "mrl-bus reads SOAP 1.1 envelopes of the content type text/xml, without attachments and not "
-            "compressed.\n");
+    } else if (!isReadable(request)) {
+        answerText(response, HTTPResponse::HTTP_UNSUPPORTED_MEDIA_TYPE,
+                   "mrl-bus reads SOAP 1.1 envelopes of the content type text/xml, and multipart/related "
+                   "with such a "
+                   "part first; neither compressed as a whole.\n");
     } else {
         answerText(response, HTTPResponse::HTTP_REQUEST_ENTITY_TOO_LARGE,
                    "The request has more than " + std::to_string(m_settings.maxBodyBytes) + " bytes.\n");
@@ -95,7 +97,7 @@ void RequestHandler::handle(HTTPServerRequest& request, HTTPServerResponse& resp
 void RequestHandler::answerSoap(HTTPServerRequest& request, HTTPServerResponse& response) {
     HttpInputStream body(request.stream(), m_settings.maxBodyBytes,
                          std::chrono::steady_clock::now() + m_settings.requestTimeout);
-    const Answer answer = m_processor.process(body);
+    const Answer answer = answerTo(body, request.getContentType());
     if (!body.drain(drainBytes))
         response.setKeepAlive(false);
     if (body.exceeded()) {
@@ -108,9 +110,25 @@ void RequestHandler::answerSoap(HTTPServerRequest& request, HTTPServerResponse& 
     }
     response.setStatusAndReason(answer.fault ? HTTPResponse::HTTP_INTERNAL_SERVER_ERROR
                                              : HTTPResponse::HTTP_OK);
-    response.setContentType("text/xml; charset=utf-8");
-    response.setContentLength64(static_cast<Poco::Int64>(answer.envelope.size()));
-    response.sendBuffer(answer.envelope.data(), answer.envelope.size());
+    if (answer.attachments.empty()) {
+        response.setContentType("text/xml; charset=utf-8");
+        response.setContentLength64(static_cast<Poco::Int64>(answer.envelope.size()));
+        response.sendBuffer(answer.envelope.data(), answer.envelope.size());
+        return;
+    }
+    const MultipartAnswer parts(answer, "mrl-bus-" + StoreSeams::ofSystem().newId());
+    response.setContentType(parts.contentType());
+    response.setChunkedTransferEncoding(true);
+    parts.write(response.send());
+}
+
+Answer RequestHandler::answerTo(HttpInputStream& body, const std::string& contentType) {
+    try {
+        HttpMessage message(body, contentType);
+        return m_processor.process(message);
+    } catch (const BadMultipart& e) {
+        return RequestProcessor::unreadable(e.what());
+    }
 }
 
 } // namespace mrl::bus

@@ -6,8 +6,11 @@
 #include <Poco/Net/HTTPRequestHandler.h>
 
 #include <atomic>
+#include <string>
 
 namespace mrl::bus {
+
+class HttpInputStream;
 
 /// One HTTP request: SOAP for POST, a page that explains the bus for GET /, a status for all else.
 class RequestHandler : public Poco::Net::HTTPRequestHandler {
@@ -27,6 +30,8 @@ public:
 private:
     void handle(Poco::Net::HTTPServerRequest& request, Poco::Net::HTTPServerResponse& response);
     void answerSoap(Poco::Net::HTTPServerRequest& request, Poco::Net::HTTPServerResponse& response);
+
+    Answer answerTo(HttpInputStream& body, const std::string& contentType);
 
     RequestProcessor& m_processor;
     const ServerSettings& m_settings;

@@ -85,9 +85,7 @@ std::vector<StoreObject> givenObjects(MRLBaseClassArray* array) {
     return objects;
 }
 
-void fill(MRLBaseClassArray& result, const std::vector<StoreObject>& objects, MRLObjectRegistryI& registry,
-          bool schemaInfo) {
-    ObjectMapper mapper(registry, schemaInfo);
+void fill(MRLBaseClassArray& result, const std::vector<StoreObject>& objects, ObjectMapper&& mapper) {
     result.reserve(objects.size());
     for (const auto& object : objects)
         result.push_back(static_cast<MRLBaseClass*>(mapper.toSchema(object)));
@@ -95,27 +93,32 @@ void fill(MRLBaseClassArray& result, const std::vector<StoreObject>& objects, MR
 
 } // namespace
 
-bool ContentManager::perform(MRLPortTypeBinding& binding) {
-    auto& in = binding.getInputMessage();
-    auto& out = binding.getOutputMessage();
+bool ContentManager::perform(Call& call) {
+    auto& in = call.binding.getInputMessage();
+    auto& out = call.binding.getOutputMessage();
     switch (in.getMessageType()) {
     case MRLMessageI::eMRLContentQuery_Request:
-        query(static_cast<MRLContentQuery_Request&>(in), static_cast<MRLContentQuery_Reply&>(out));
+        query(static_cast<MRLContentQuery_Request&>(in), static_cast<MRLContentQuery_Reply&>(out),
+              call.attachments);
         return true;
     case MRLMessageI::eMRLContentAdd_Request:
+        requireChange(call.caller);
         add(static_cast<MRLContentAdd_Request&>(in), static_cast<MRLContentAdd_Reply&>(out));
         return true;
     case MRLMessageI::eMRLContentUpdate_Request:
+        requireChange(call.caller);
         update(static_cast<MRLContentUpdate_Request&>(in), static_cast<MRLContentUpdate_Reply&>(out));
         return true;
     case MRLMessageI::eMRLContentDelete_Request:
+        requireChange(call.caller);
         remove(static_cast<MRLContentDelete_Request&>(in), static_cast<MRLContentDelete_Reply&>(out));
         return true;
     default: return false;
     }
 }
 
-void ContentManager::query(MRLContentQuery_Request& request, MRLContentQuery_Reply& reply) {
+void ContentManager::query(MRLContentQuery_Request& request, MRLContentQuery_Reply& reply,
+                           OutgoingAttachments& attachments) {
     MRLQueryOptions* options = request.getOptions();
     QueryRequest query;
     query.searchPath = requiredPath(request.getSearchPath(), "searchPath");
@@ -130,7 +133,12 @@ void ContentManager::query(MRLContentQuery_Request& request, MRLContentQuery_Rep
             SchemaAccess::texts(reference, "properties");
 
     auto& registry = reply.getObjectRegistry();
-    fill(*reply.getResult(&registry), m_store.query(query), registry, isSet(options, "schemaInfo"));
+    ObjectMapper mapper(registry, isSet(options, "schemaInfo"));
+    mapper.setDataForm(dataFormFrom(SchemaAccess::text(options, "dataEncoding").value_or("base64")),
+                       attachments);
+    mapper.setDataRange(SchemaAccess::number(options, "skipDataBytes").value_or(0),
+                        SchemaAccess::number(options, "maxDataBytes"));
+    fill(*reply.getResult(&registry), m_store.query(query), std::move(mapper));
 }
 
 void ContentManager::add(MRLContentAdd_Request& request, MRLContentAdd_Reply& reply) {
@@ -141,15 +149,15 @@ void ContentManager::add(MRLContentAdd_Request& request, MRLContentAdd_Reply& re
     fill(*reply.getResult(&registry),
          m_store.add(requiredPath(request.getParentPath(), "parentPath"), givenObjects(request.getObjects()),
                      wanted),
-         registry, false);
+         ObjectMapper(registry, false));
 }
 
 void ContentManager::update(MRLContentUpdate_Request& request, MRLContentUpdate_Reply& reply) {
     MRLUpdateOptions* options = request.getOptions();
     const UpdateOptions wanted{askedDeadReference(options), SchemaAccess::texts(options, "returnProperties")};
     auto& registry = reply.getObjectRegistry();
-    fill(*reply.getResult(&registry), m_store.update(givenObjects(request.getObjects()), wanted), registry,
-         false);
+    fill(*reply.getResult(&registry), m_store.update(givenObjects(request.getObjects()), wanted),
+         ObjectMapper(registry, false));
 }
 
 void ContentManager::remove(MRLContentDelete_Request& request, MRLContentDelete_Reply& reply) {

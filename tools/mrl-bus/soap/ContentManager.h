@@ -1,5 +1,6 @@
 #pragma once
 
+#include "soap/Call.h"
 #include "store/ContentStore.h"
 
 class MRLContentAdd_Reply;
@@ -10,7 +11,6 @@ class MRLContentQuery_Reply;
 class MRLContentQuery_Request;
 class MRLContentUpdate_Reply;
 class MRLContentUpdate_Request;
-class MRLPortTypeBinding;
 
 namespace mrl::bus {
 
@@ -21,13 +21,14 @@ public:
     explicit ContentManager(ContentStore& store)
         : m_store(store) {}
 
-    /// Performs the call of `binding` and fills its output message.
-    /// @return false when the bus does not offer the operation.
+    /// Performs the call and fills its output message.
+    /// @return false when the operation is none of these.
     /// @throws StoreError for a refusal, SqliteError for trouble of the store.
-    bool perform(MRLPortTypeBinding& binding);
+    bool perform(Call& call);
 
 private:
-    void query(MRLContentQuery_Request& request, MRLContentQuery_Reply& reply);
+    void query(MRLContentQuery_Request& request, MRLContentQuery_Reply& reply,
+               OutgoingAttachments& attachments);
     void add(MRLContentAdd_Request& request, MRLContentAdd_Reply& reply);
     void update(MRLContentUpdate_Request& request, MRLContentUpdate_Reply& reply);
     void remove(MRLContentDelete_Request& request, MRLContentDelete_Reply& reply);

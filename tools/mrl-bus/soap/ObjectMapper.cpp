@@ -1,5 +1,6 @@
 #include "soap/ObjectMapper.h"
 
+#include "Toolkit/MRLBase64Binary.h"
 #include "Toolkit/MRLBaseClass.h"
 #include "Toolkit/MRLBaseProp.h"
 #include "Toolkit/MRLObjectRegistryI.h"
@@ -9,6 +10,8 @@
 #include "store/PropertyRules.h"
 #include "store/StoreError.h"
 
+#include <algorithm>
+#include <memory>
 #include <vector>
 
 namespace mrl::bus {
@@ -77,14 +80,15 @@ PropertyValue fromProperty(const std::string& name, MRLSchemaTypeI& property) {
         return static_cast<std::int64_t>(*static_cast<int*>(value));
     if (SchemaAccess::isDecimal(type))
         return *static_cast<double*>(value);
+    if (MRLSchemaTypesFactory::isBase64(type) != 0)
+        return Binary{SchemaAccess::bytes(*static_cast<MRLBase64Binary*>(value))};
     if (auto* array = SchemaAccess::asArray(SchemaAccess::object(&property, "value")))
         return fromArray(name, *array);
     if (auto text = SchemaAccess::text(&property, "value"))
         return std::move(*text);
-    refuse(StoreErrorCode::badProperty,
-           "The property " + name +
-               " holds a document or a structure, which the store does not keep; "
-               "leave it out.");
+    refuse(StoreErrorCode::badProperty, "The property " + name +
+                                            " holds a structure, which the store does not keep; "
+                                            "leave it out.");
 }
 
 } // namespace
@@ -140,8 +144,34 @@ bool ObjectMapper::setValue(MRLSchemaTypeI& property, const PropertyValue& value
         return SchemaAccess::setNumber(property, "value", *truth ? 1 : 0);
     if (const auto* decimal = std::get_if<double>(&value))
         return SchemaAccess::setDecimal(property, "value", *decimal);
+    if (const auto* binary = std::get_if<Binary>(&value))
+        return setBinary(property, *binary);
     MRLSchemaTypeI* array = SchemaAccess::object(&property, "value");
     return array != nullptr && SchemaAccess::asArray(array) != nullptr && setElements(*array, value);
+}
+
+bool ObjectMapper::setBinary(MRLSchemaTypeI& property, const Binary& value) {
+    if (MRLSchemaTypesFactory::isBase64(property.getChildType("value")) == 0)
+        return false;
+    std::string bytes = value.bytes.substr(std::min(m_skippedBytes, value.bytes.size()), m_mostBytes);
+    auto made = std::make_unique<MRLBase64Binary>();
+    if (m_dataForm != DataForm::base64) {
+        bytes = m_attachments->add("application/octet-stream", std::move(bytes), m_dataForm);
+        made->setIsContentId(1);
+    }
+    if (!bytes.empty())
+        made->append(bytes.data(), bytes.size());
+    m_registry.registerPointer(made.get());
+    property.setChildObject("value", made.release(), MRLSchemaTypeI::eBase64Binary, nullptr);
+    return true;
+}
+
+void ObjectMapper::setDataRange(std::int64_t skipped, std::optional<std::int64_t> most) {
+    if (skipped < 0 || most.value_or(0) < 0)
+        refuse(StoreErrorCode::badOption, "A number of data bytes is negative; give 0 or more.");
+    m_skippedBytes = static_cast<std::size_t>(skipped);
+    if (most)
+        m_mostBytes = static_cast<std::size_t>(*most);
 }
 
 bool ObjectMapper::setElements(MRLSchemaTypeI& array, const PropertyValue& value) {

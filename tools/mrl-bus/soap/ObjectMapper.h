@@ -1,7 +1,10 @@
 #pragma once
 
+#include "soap/Call.h"
 #include "store/StoreObject.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 class MRLObjectRegistryI;
@@ -19,6 +22,17 @@ public:
         : m_registry(registry)
         , m_schemaInfo(schemaInfo) {}
 
+    /// How binary data go out; in Base64 without it.
+    /// @param attachments borrowed
+    void setDataForm(DataForm form, OutgoingAttachments& attachments) {
+        m_dataForm = form;
+        m_attachments = &attachments;
+    }
+
+    /// Which bytes of binary data go out; all of them without it.
+    /// @throws StoreError badOption for a negative number.
+    void setDataRange(std::int64_t skipped, std::optional<std::int64_t> most);
+
     /// An object of the schema class that has the store's class name, with the properties of `object`.
     /// @throws StoreError badClass when the schema has no such class.
     MRLSchemaTypeI* toSchema(const StoreObject& object);
@@ -31,12 +45,17 @@ public:
 private:
     void addProperty(MRLSchemaTypeI& to, const std::string& name, const PropertyValue& value);
     bool setValue(MRLSchemaTypeI& property, const PropertyValue& value);
+    bool setBinary(MRLSchemaTypeI& property, const Binary& value);
     bool setElements(MRLSchemaTypeI& array, const PropertyValue& value);
     MRLSchemaTypeI* localText(std::int32_t type, const LocalText& text);
     MRLSchemaTypeI* reference(std::int32_t type, const StoreObject& object);
 
     MRLObjectRegistryI& m_registry;
     bool m_schemaInfo;
+    DataForm m_dataForm = DataForm::base64;
+    OutgoingAttachments* m_attachments = nullptr; // borrowed
+    std::size_t m_skippedBytes = 0;
+    std::size_t m_mostBytes = std::string::npos;
 };
 
 } // namespace mrl::bus

@@ -1,10 +1,14 @@
 #include "soap/SchemaAccess.h"
 
+#include "Toolkit/MRLBase64Binary.h"
 #include "Toolkit/MRLObjectRegistryI.h"
 #include "Toolkit/MRLSchemaTypeArrayI.h"
 #include "Toolkit/MRLSchemaTypesFactory.h"
 #include "Toolkit/MRL_CharStreamable.h"
+#include "Toolkit/MRL_Streamable.h"
 #include "Toolkit/MRL_String.h"
+
+#include "PLQStreams/PLQMemoryOutputStream.h"
 
 #include <limits>
 #include <memory>
@@ -13,11 +17,17 @@ namespace mrl::bus {
 
 namespace {
 
+constexpr std::size_t pieceSize = 65536;
+
 std::optional<std::string> plainText(const void* child) {
     const auto* text = static_cast<const char*>(child);
-    if (text == nullptr || MRL_CharStreamable::isCharStreamable(text)) // a document, not a text
+    if (text == nullptr)
         return std::nullopt;
-    return text;
+    if (!MRL_CharStreamable::isCharStreamable(text))
+        return text;
+    PLQMemoryOutputStream out(pieceSize, pieceSize); // it came as an attachment
+    MRL_CharStreamable(text) >> out;
+    return std::string(out.bytes(), out.length());
 }
 
 MRL_String* newText(std::string_view text, MRLObjectRegistryI& registry) {
@@ -28,6 +38,14 @@ MRL_String* newText(std::string_view text, MRLObjectRegistryI& registry) {
 }
 
 } // namespace
+
+std::string SchemaAccess::bytes(const MRLBase64Binary& value) {
+    if (value.streamable() == nullptr)
+        return value.str() == nullptr ? std::string() : std::string(value.str(), value.pcount());
+    PLQMemoryOutputStream out(pieceSize, pieceSize);
+    *value.streamable() >> out;
+    return {out.bytes(), out.length()};
+}
 
 bool SchemaAccess::isWholeNumber(ObjectType type) {
     return type == MRLSchemaTypeI::eInt || type == MRLSchemaTypeI::eInteger ||

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+class MRLBase64Binary;
 class MRLObjectRegistryI;
 class MRLSchemaTypeArrayI;
 
@@ -23,6 +24,9 @@ struct SchemaAccess {
 
     /// A member that is a text, or an object that is one.
     static std::optional<std::string> text(MRLSchemaTypeI* object, const char* member);
+
+    /// The bytes of a binary value, those of an attachment as well.
+    static std::string bytes(const MRLBase64Binary& value);
 
     /// A member that is a number or a boolean.
     static std::optional<std::int64_t> number(MRLSchemaTypeI* object, const char* member);

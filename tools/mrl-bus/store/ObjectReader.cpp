@@ -30,6 +30,8 @@ void addRow(const Statement& row, std::optional<StoreObject> target, PropertyVal
         to = row.integer(3) != 0;
     else if (kind == "decimal")
         to = row.real(3);
+    else if (kind == "binary")
+        to = Binary{row.blob(3)};
     else if (kind == "localText")
         list(LocalText{row.text(2), row.text(3)});
     else if (kind == "texts")

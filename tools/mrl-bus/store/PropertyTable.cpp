@@ -26,6 +26,8 @@ public:
     void operator()(bool truth) { put("boolean", std::nullopt, truth); }
     void operator()(double number) { put("decimal", std::nullopt, number); }
 
+    void operator()(const Binary& binary) { put("binary", std::nullopt, BlobView{binary.bytes}); }
+
     void operator()(const std::vector<LocalText>& texts) {
         for (const auto& text : texts)
             put("localText", text.locale, text.text);

@@ -41,6 +41,12 @@ void Statement::bind(int index, std::string_view text) {
           "binding a text");
 }
 
+void Statement::bind(int index, BlobView blob) {
+    check(sqlite3_bind_blob64(m_statement.get(), index, blob.bytes.empty() ? "" : blob.bytes.data(),
+                              blob.bytes.size(), SQLITE_TRANSIENT),
+          "binding bytes");
+}
+
 void Statement::bind(int index, std::nullopt_t) {
     check(sqlite3_bind_null(m_statement.get(), index), "binding NULL");
 }
@@ -78,6 +84,13 @@ double Statement::real(int column) const {
 
 std::string Statement::text(int column) const {
     const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(m_statement.get(), column));
+    if (bytes == nullptr)
+        return {};
+    return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(m_statement.get(), column))};
+}
+
+std::string Statement::blob(int column) const {
+    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(m_statement.get(), column));
     if (bytes == nullptr)
         return {};
     return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(m_statement.get(), column))};

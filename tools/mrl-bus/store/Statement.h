@@ -12,6 +12,11 @@ namespace mrl::bus {
 
 class Database;
 
+/// Bytes to be bound as such; borrowed.
+struct BlobView {
+    std::string_view bytes;
+};
+
 /// One prepared statement. Parameters are bound in order, 1-based in SQL and from left to right here;
 /// columns are 0-based. Lives no longer than its Database.
 class Statement {
@@ -22,6 +27,7 @@ public:
     void bind(int index, std::int64_t value);
     void bind(int index, double value);
     void bind(int index, std::string_view text);
+    void bind(int index, BlobView blob);
     void bind(int index, std::nullopt_t null);
     void bind(int index, const char* text) { bind(index, std::string_view(text)); }
     void bind(int index, const std::string& text) { bind(index, std::string_view(text)); }
@@ -58,6 +64,7 @@ public:
     std::int64_t integer(int column) const;
     double real(int column) const;
     std::string text(int column) const;
+    std::string blob(int column) const;
 
 private:
     struct Finalizer {

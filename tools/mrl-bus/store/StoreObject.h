@@ -19,12 +19,18 @@ struct LocalText {
     bool operator==(const LocalText&) const = default;
 };
 
+/// The bytes of a document.
+struct Binary {
+    std::string bytes;
+    bool operator==(const Binary&) const = default;
+};
+
 /// Other objects of the store. Writers need the search path of each only.
 using References = std::vector<StoreObject>;
 
 /// The value of a property. monostate stands for "no value": on update it clears the property.
 using PropertyValue = std::variant<std::monostate, std::string, std::int64_t, bool, double,
-                                   std::vector<LocalText>, std::vector<std::string>, References>;
+                                   std::vector<LocalText>, std::vector<std::string>, Binary, References>;
 
 /// An object as it goes in and out of the store: its class and those of its properties that were asked
 /// for, or are to be set, by schema name.

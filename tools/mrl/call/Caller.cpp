@@ -1,6 +1,7 @@
 #include "call/Caller.h"
 
 #include "Session/MRL.h"
+#include "Session/MRLDocIo.h"
 #include "Toolkit/MRLFaultDetail.h"
 #include "Toolkit/MRLFaultDetailArray.h"
 #include "Toolkit/MRLPortTypeBinding.h"
@@ -51,8 +52,14 @@ void limitTime(unsigned seconds) {
 /// Starts the toolkit for as long as the object lives.
 class Toolkit {
 public:
-    Toolkit() { MRL::initialize(); }
-    ~Toolkit() { MRL::terminate(); }
+    Toolkit() {
+        MRL::initialize();
+        MRLDocIo::initialize(); // attachments are documents
+    }
+    ~Toolkit() {
+        MRLDocIo::terminate();
+        MRL::terminate();
+    }
     Toolkit(const Toolkit&) = delete;
     Toolkit& operator=(const Toolkit&) = delete;
 };
@@ -115,14 +122,14 @@ int tell(const HBLThrowable& e, int exitCode) {
     return exitCode;
 }
 
-void submit(MRLPortTypeBinding& binding, const CallSettings& settings) {
+void submit(MRLPortTypeBinding& binding, const MRLAttachmentList& attachments, const CallSettings& settings) {
     if (settings.retries)
         setRetries(*settings.retries);
     MRLSOAPSession session(binding.getInputMessage().getTavelHeader(nullptr), nullptr, nullptr, nullptr,
                            nullptr, settings.client.c_str());
     session.setURI(settings.url);
     limitTime(settings.timeLimit);
-    session.submit(binding, settings.trusted, nullptr);
+    session.submit(binding, attachments, settings.trusted, nullptr);
     alarm(0);
 }
 
@@ -140,10 +147,11 @@ int call(const BuiltRequest& request, const CallSettings& settings) {
     const Toolkit toolkit;
     MRLPortTypeBinding& binding = *request.binding;
     setHeader(binding.getInputMessage(), settings);
+    const AttachedFiles attachments(settings.attachments, request.contentIds, settings.compress);
     if (settings.verbose)
         printEnvelope("request, in clear:", binding, binding.getInputMessage());
     try {
-        submit(binding, settings);
+        submit(binding, attachments.list(), settings);
     } catch (MRLSOAPFaultException& e) {
         if (settings.verbose)
             std::cerr << "mrl: reply, as it was understood:\n"

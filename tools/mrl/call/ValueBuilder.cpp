@@ -221,7 +221,7 @@ MRLSchemaTypeI* ValueBuilder::makeObject(ObjectType declared, const Json& json, 
     MRLSchemaTypeI* object = create(factory().stringToObjectType(row.name));
     if (isTextType(row))
         setText(*object, row, json, path);
-    else if (json.is_object())
+    else if (json.is_object() && !(isProperty(row) && json.contains(cidMark)))
         setMembers(*object, json, path);
     else if (isProperty(row))
         setMember(*object, "value", json, path); // the value alone

@@ -24,6 +24,7 @@ struct CallOptions {
     std::string request; // the one signature that is meant
     std::string data = "{}";
     std::string header;
+    std::vector<std::string> attachments;
     std::string trusted = "no";
     bool asTemplate = false;
     int depth = 2;
@@ -98,6 +99,8 @@ int run(CallOptions& options) {
         const BuiltRequest request = buildRequest(*service, signatures, parseJson(textOf(options.data)));
         if (!options.header.empty())
             options.settings.header = parseJson(textOf(options.header));
+        for (const std::string& attachment : options.attachments)
+            options.settings.attachments.push_back(AttachedFile::parse(attachment));
         return call(request, options.settings);
     } catch (const JsonError& e) {
         std::cerr << "mrl: nothing was sent: " << e.what() << '\n';
@@ -140,6 +143,9 @@ Command addCallCommand(CLI::App& app) {
                         "How often a request is sent again whose reply broke off; 0 means 10, as in the "
                         "properties file");
     options->add_option("--time-limit", settings.timeLimit, "Seconds for the whole call");
+    options->add_option("--attach", given->attachments,
+                        "ID=FILE or ID=FILE;TYPE: a file for what the JSON refers to by {\"@cid\": ID}");
+    options->add_flag("--compress", settings.compress, "Packs the attachments with gzip");
     options->add_option("--save", settings.saveDirectory,
                         "Saves the attachments of the reply in this directory and prints their names");
     options->add_flag("-v,--verbose", settings.verbose, "Both envelopes to standard error");
