@@ -25,6 +25,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 using mrl::test::FakeBus;
 using testing::Contains;
 using testing::ElementsAre;
@@ -257,11 +259,13 @@ TEST_F(SessionTest, ALoopbackIsAnsweredInTheProcess) {
 }
 
 TEST_F(SessionTest, ADeniedCallThatAsksForProtectionIsNeverSentAgainInClear) {
+    setenv("MRL_KEY_STORE", "/dev/null/no.keys", 1);
     bus.answer(fault("cmNoPermission"));
     Call call;
     EXPECT_THROW(submit(call, MRLSOAPSession::eMRLSOAPTrustedOnDenial), HBLAssertError);
     EXPECT_EQ(1, exchanges(bus));
     EXPECT_EQ(0, bus.live);
+    unsetenv("MRL_KEY_STORE");
 }
 
 TEST_F(SessionTest, SettingTheURIAgainReplacesIt) {

@@ -1,5 +1,5 @@
 // The key store: made once, for its owner alone, refused when it cannot be trusted.
-#include "Store.h"
+#include "support/KeyStore.h"
 
 #include "ZORCrypto/ZORKeyStore.h"
 

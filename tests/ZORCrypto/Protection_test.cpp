@@ -1,5 +1,5 @@
 // What protects documents: known ones are opened, and nothing else is.
-#include "Store.h"
+#include "support/KeyStore.h"
 
 #include "ZORCrypto/HBLZORCookie.h"
 #include "ZORCrypto/ZORKeyStore.h"
