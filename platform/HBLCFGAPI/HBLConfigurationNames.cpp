@@ -7,7 +7,7 @@ namespace {
 
 using enum HBLConfigurationKind;
 
-constexpr std::array<HBLConfigurationName, 16> KNOWN{{
+constexpr std::array<HBLConfigurationName, 17> KNOWN{{
     {"contentManager", eUri, "", "address of the content manager; asked before contentManagers"},
     {"contentManagers", eUriList, "", "addresses of the content managers; the first is used"},
     {"internalDispatcher", eUri, "", "address of the dispatcher, asked first"},
@@ -16,6 +16,7 @@ constexpr std::array<HBLConfigurationName, 16> KNOWN{{
     {"gateway", eText, "", "address of the gateway, the base of addresses in documents"},
     {"temp", eText, "../temp", "directory of temporary files, relative to that of the programs"},
     {"encryptTemporaryFiles", eFlag, "false", "whether temporary files of documents are encrypted"},
+    {"keyStore", eText, "", "file of the keys, relative to the programs; MRL_KEY_STORE goes before it"},
     {"serverLocale", eText, "", "language of failures in the audit log"},
     {"emailEncoding", eText, "UTF-8", "encoding of e-mails"},
     {"reportServerType", eText, "", "Interactive, or any other text for a batch server"},
