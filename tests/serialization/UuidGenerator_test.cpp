@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <deque>
+#include <ctime>
 #include <set>
 
 using mrl::detail::UuidAccess;
@@ -120,7 +120,6 @@ TEST(Uuids, OfNamesAreThoseOfEarlierReleases) {
     UuidGenerator::_uuid_t uuid{};
     UuidGenerator::createFromName(&uuid, domains, nullptr, -1);
     EXPECT_EQ(uuid.time_low, 0x50de9076U);
-    UuidGenerator::createFromName(nullptr, domains, nullptr, 0);
     expectAssert([&] { UuidGenerator::createFromName(&uuid, domains, nullptr, 1); },
                  "HBL_ASSERT(name || length <= 0);");
 }
@@ -156,16 +155,8 @@ TEST(Uuids, OfTheSystemAreNewEachTimeWithOneNode) {
     EXPECT_EQ(nodes.size(), 1U);
     std::uint64_t time = 0;
     UuidAccess::getSystemTime(&time);
-    const std::uint64_t epoch = 0x01B21DD213814000; // 1970, 100 ns since 1582
-    EXPECT_GT(time, epoch + 1'700'000'000ULL * 10'000'000);
-    EXPECT_LT(time, epoch + 10'000'000'000ULL * 10'000'000);
-    UuidFacts facts{};
-    mrl::detail::UuidSources().facts(facts);
-    EXPECT_EQ(facts.memory.length, 56U);
-    EXPECT_LE(facts.memory.load, 100U);
-    EXPECT_GE(facts.memory.totalPhysical, facts.memory.freePhysical);
-    EXPECT_GE(facts.machine.processors, 1U);
-    EXPECT_EQ(facts.computerName[15], '\0');
+    const std::uint64_t seconds = (time - 0x01B21DD213814000) / 10'000'000; // since 1970
+    EXPECT_NEAR(static_cast<double>(seconds), static_cast<double>(std::time(nullptr)), 60);
 }
 
 } // namespace
