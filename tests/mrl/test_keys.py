@@ -1,0 +1,36 @@
+"""`mrl keys`: what it makes, says, and never shows."""
+import os
+import re
+import subprocess
+
+import pytest
+
+MRL = os.environ["MRL"]
+
+
+def keys(tmp_path, *arguments):
+    return subprocess.run([MRL, "keys", *arguments], capture_output=True, text=True, check=False,
+                          env={**os.environ, "MRL_KEY_STORE": str(tmp_path / "store" / "mrl.keys")})
+
+
+def test_a_store_is_made_listed_and_rotated_without_showing_a_key(tmp_path):
+    results = [keys(tmp_path, action) for action in ("init", "rotate", "list")]
+    assert [result.returncode for result in results] == [0, 0, 0]
+    path, *lines = results[-1].stdout.splitlines()
+    assert path == str(tmp_path / "store" / "mrl.keys")
+    assert [re.sub("^[0-9a-f]{16}  [0-9TZ:-]{20}  ", "", line) for line in lines] == ["reads", "writes and reads"]
+    secrets = re.findall("[0-9a-f]{64}", (tmp_path / "store" / "mrl.keys").read_text())
+    assert len(secrets) == 3 and not any(s in r.stdout + r.stderr for s in secrets for r in results)
+
+
+@pytest.mark.parametrize("before, action, code, told", [
+    ((), "list", 1, "`mrl keys init` makes one"),
+    ((), "rotate", 1, "`mrl keys init` makes it"),
+    (("init",), "init", 1, "is there already"),
+    ((), "destroy", 2, "destroy"),
+])
+def test_what_cannot_be_done_is_told_with_the_remedy(tmp_path, before, action, code, told):
+    for step in before:
+        keys(tmp_path, step)
+    result = keys(tmp_path, action)
+    assert (result.returncode, told in result.stderr) == (code, True), result.stderr
