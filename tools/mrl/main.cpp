@@ -15,12 +15,9 @@ int main(int argc, char** argv) {
         "Exit codes: 0 done, 1 refused or not found, 2 wrong usage. `mrl COMMAND --help` tells the others.");
     app.require_subcommand(1);
     const Commands commands = {
-        addListCommand(app),
-        addDescribeCommand(app),
-        addCatalogueCommand(app),
-        addCallCommand(app),
-        addConfigCommand(app),
-        addKeysCommand(app),
+        addListCommand(app),   addDescribeCommand(app), addCatalogueCommand(app),
+        addRecordCommand(app), addReplayCommand(app),   addTrafficCommand(app),
+        addCallCommand(app),   addConfigCommand(app),   addKeysCommand(app),
     };
     try {
         app.parse(argc, argv);

@@ -1,0 +1,162 @@
+#include "commands/Command.h"
+#include "traffic/Difference.h"
+#include "traffic/Listing.h"
+#include "traffic/Redaction.h"
+#include "traffic/Verification.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace mrl::tool {
+
+namespace {
+
+/// Some files could not be searched for secrets.
+constexpr int e_Unsearched = 3;
+
+/// What the subcommands' options write to.
+struct TrafficOptions {
+    std::string directory;
+    std::string other;
+    std::string call;
+    Shown shown = Shown::both;
+    bool requestsOnly = false;
+    bool strict = false;
+    std::string into;
+    std::vector<std::string> rules;
+    std::vector<std::string> places;
+    std::vector<std::string> values;
+    std::string valueFile;
+};
+
+void addTo(PathRules& rules, const TrafficOptions& options) {
+    for (const std::string& place : options.places)
+        rules.add(place);
+    for (const std::string& file : options.rules)
+        rules.addFile(file);
+}
+
+void addLines(Secrets& secrets, const std::string& path) {
+    std::ifstream file(path);
+    if (!file)
+        throw TrafficError("the file of secrets '" + path + "' cannot be read");
+    for (std::string line; std::getline(file, line);)
+        if (!line.empty())
+            secrets.addValue(line);
+}
+
+int list(const TrafficOptions& options) {
+    const Recording recording = Recording::read(options.directory);
+    if (recording.calls.empty()) {
+        std::cerr << "mrl: there is no recorded call in '" << options.directory << "'\n";
+        return e_No;
+    }
+    printList(recording, std::cout);
+    return e_Ok;
+}
+
+int show(const TrafficOptions& options) {
+    const Recording recording = Recording::read(options.directory);
+    printCall(recording.find(options.call), options.shown, std::cout);
+    return e_Ok;
+}
+
+int diff(const TrafficOptions& options) {
+    PathRules rules = options.strict ? PathRules() : PathRules::volatilePlaces();
+    addTo(rules, options);
+    const std::size_t differing =
+        printDifferences(Recording::read(options.directory), Recording::read(options.other), rules,
+                         options.requestsOnly ? Compared::requests : Compared::all, std::cout);
+    return differing == 0 ? e_Ok : e_No;
+}
+
+int verifyRecording(const TrafficOptions& options) {
+    const Recording recording = Recording::read(options.directory);
+    const std::vector<Finding> findings = verify(recording);
+    for (const Finding& finding : findings)
+        std::cout << (finding.weight == Finding::problem ? "problem: " : "note: ") << finding.place << ": "
+                  << finding.words << '\n';
+    const auto problems = std::ranges::count(findings, Finding::problem, &Finding::weight);
+    std::cout << recording.calls.size() << " calls, " << problems << " problems\n";
+    return problems == 0 ? e_Ok : e_No;
+}
+
+int redactRecording(const TrafficOptions& options) {
+    PathRules rules = PathRules::secretPlaces();
+    addTo(rules, options);
+    Secrets secrets(std::move(rules));
+    for (const std::string& value : options.values)
+        secrets.addValue(value);
+    if (!options.valueFile.empty())
+        addLines(secrets, options.valueFile);
+    const Redacted result = redact(Recording::read(options.directory), secrets, options.into);
+    std::cout << result.files << " files, " << secrets.size() << " secrets masked in " << result.masks
+              << " places\n";
+    for (const std::string& name : result.leftOut)
+        std::cerr << "mrl: left out: " << name << ", which no session writes\n";
+    for (const std::string& name : result.unsearched)
+        std::cerr << "mrl: look at it yourself: " << name << '\n';
+    return result.unsearched.empty() ? e_Ok : e_Unsearched;
+}
+
+using Run = int (*)(const TrafficOptions&);
+
+CLI::App* addRun(CLI::App& parent, const char* name, const char* help, TrafficOptions& options,
+                 std::map<CLI::App*, Run>& runs, Run run) {
+    CLI::App* added = parent.add_subcommand(name, help);
+    added->add_option("DIRECTORY", options.directory, "The recording")->required();
+    runs[added] = run;
+    return added;
+}
+
+} // namespace
+
+Command addTrafficCommand(CLI::App& app) {
+    CLI::App* parent = app.add_subcommand("traffic", "Looks into recordings");
+    parent->require_subcommand(1);
+    const auto options = std::make_shared<TrafficOptions>();
+    const auto runs = std::make_shared<std::map<CLI::App*, Run>>();
+
+    addRun(*parent, "list", "The calls of a recording", *options, *runs, list);
+
+    CLI::App* showing = addRun(*parent, "show", "A call, indented", *options, *runs, show);
+    showing->add_option("CALL", options->call, "As `list` names it, such as contentManagerService.0")
+        ->required();
+    const std::map<std::string, Shown> parts = {
+        {"both", Shown::both}, {"request", Shown::request}, {"reply", Shown::reply}};
+    showing->add_option("--only", options->shown, "request or reply")
+        ->transform(CLI::CheckedTransformer(parts));
+
+    CLI::App* differing =
+        addRun(*parent, "diff", "What a second recording has otherwise than a first", *options, *runs, diff);
+    differing->add_option("OTHER", options->other, "The second recording")->required();
+    differing->add_flag("--requests", options->requestsOnly, "Only what was sent");
+    differing->add_flag("--strict", options->strict, "Ids, times and tokens count too");
+    differing->add_option("--ignore", options->places,
+                          "A further place that may differ, such as tracking/userAgent");
+    differing->add_option("--rules", options->rules, "A file of such places, one a line");
+    differing->footer("Exit code 1 when something differs.");
+
+    CLI::App* redacting =
+        addRun(*parent, "redact", "A copy with the secrets masked", *options, *runs, redactRecording);
+    redacting->add_option("--into", options->into, "The new directory for the copy")->required();
+    redacting->add_option("--secret", options->values, "A text to mask wherever it stands");
+    redacting->add_option("--secrets", options->valueFile, "A file of such texts, one a line");
+    redacting->add_option("--place", options->places, "A further secret place, such as item/apiKey");
+    redacting->add_option("--rules", options->rules, "A file of such places, one a line");
+    redacting->footer("Exit code 3 when files hold packed or encrypted data that could not be searched.");
+
+    CLI::App* verifying = addRun(*parent, "verify", "Whether a recording is complete and well-formed",
+                                 *options, *runs, verifyRecording);
+    verifying->footer("Exit code 1 when it is not.");
+
+    return {parent,
+            [parent, options, runs] { return runs->at(parent->get_subcommands().front())(*options); }};
+}
+
+} // namespace mrl::tool

@@ -1,0 +1,103 @@
+#include "traffic/ChildProcess.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <iostream>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace mrl::tool {
+
+namespace {
+
+/// Leaves the interrupts of the terminal to the child.
+class InterruptsIgnored {
+public:
+    InterruptsIgnored() {
+        struct sigaction ignore {};
+        ignore.sa_handler = SIG_IGN;
+        ::sigaction(SIGINT, &ignore, &m_interrupt);
+        ::sigaction(SIGQUIT, &ignore, &m_quit);
+    }
+    ~InterruptsIgnored() {
+        ::sigaction(SIGINT, &m_interrupt, nullptr);
+        ::sigaction(SIGQUIT, &m_quit, nullptr);
+    }
+    InterruptsIgnored(const InterruptsIgnored&) = delete;
+    InterruptsIgnored& operator=(const InterruptsIgnored&) = delete;
+
+private:
+    struct sigaction m_interrupt {};
+    struct sigaction m_quit {};
+};
+
+/// The defaults of the signals that this process ignores meanwhile.
+class Attributes {
+public:
+    Attributes() {
+        ::posix_spawnattr_init(&m_attributes);
+        sigset_t defaults;
+        ::sigemptyset(&defaults);
+        ::sigaddset(&defaults, SIGINT);
+        ::sigaddset(&defaults, SIGQUIT);
+        ::posix_spawnattr_setsigdefault(&m_attributes, &defaults);
+        ::posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGDEF);
+    }
+    ~Attributes() { ::posix_spawnattr_destroy(&m_attributes); }
+    Attributes(const Attributes&) = delete;
+    Attributes& operator=(const Attributes&) = delete;
+    const posix_spawnattr_t* get() const { return &m_attributes; }
+
+private:
+    posix_spawnattr_t m_attributes{};
+};
+
+std::vector<std::string> environmentWith(const std::vector<std::pair<std::string, std::string>>& variables) {
+    std::vector<std::string> environment;
+    for (char** entry = ::environ; *entry != nullptr; ++entry) {
+        const std::string text = *entry;
+        if (std::ranges::none_of(variables,
+                                 [&](const auto& set) { return text.starts_with(set.first + "="); }))
+            environment.push_back(text);
+    }
+    for (const auto& [name, value] : variables)
+        if (!value.empty())
+            environment.push_back(name + "=" + value);
+    return environment;
+}
+
+/// What the system takes: pointers into `texts`, and a null.
+std::vector<char*> pointersInto(std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    for (std::string& text : texts)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+} // namespace
+
+int runChild(const std::vector<std::string>& command,
+             const std::vector<std::pair<std::string, std::string>>& variables) {
+    std::vector<std::string> arguments = command;
+    std::vector<std::string> environment = environmentWith(variables);
+    const InterruptsIgnored ignored;
+    const Attributes attributes;
+    pid_t child = 0;
+    const int error = ::posix_spawnp(&child, command.front().c_str(), nullptr, attributes.get(),
+                                     pointersInto(arguments).data(), pointersInto(environment).data());
+    if (error != 0) {
+        std::cerr << "mrl: '" << command.front()
+                  << "' cannot be run: " << std::generic_category().message(error) << '\n';
+        return error == ENOENT ? 127 : 126;
+    }
+    int status = 0;
+    while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+}
+
+} // namespace mrl::tool
