@@ -227,9 +227,13 @@ TEST(MRLConfigSettings, AreOneSnapshotUntilTheyAreDeleted) {
     EXPECT_EQ(Settings::getInstance("MRL").getVirtualMappingMode(), 1);
 }
 
-TEST(MRLConfigSettings, HaveARowForToolsForEveryName) {
+TEST(MRLConfigSettings, HaveARowForToolsAndOneForPeopleForEveryName) {
+    std::stringstream page;
+    page << std::ifstream(MRL_RESOURCES "/../docs/configuration.md").rdbuf();
     std::vector<std::string> inRows;
     for (const MRLAdvancedSetting& setting : MRLAdvancedSetting::all()) {
+        EXPECT_NE(page.str().find("\n| `" + std::string(setting.name) + "` | "), std::string::npos)
+            << setting.name;
         if (setting.kind == MRLAdvancedSettingKind::eFlag) {
             inRows.emplace_back(setting.name);
         }

@@ -20,6 +20,10 @@ struct ConfigOptions {
     bool isStrict = false;
 };
 
+std::string counted(std::size_t n, const char* one, const char* more) {
+    return std::to_string(n) + " " + (n == 1 ? one : more);
+}
+
 int noFile(const ConfigFile& file) {
     std::cout << "# no file at " << file.path << " (" << file.origin << "): the defaults hold\n";
     return e_Ok;
@@ -33,9 +37,11 @@ int check(const ConfigOptions& options) {
     const auto document = HBLConfigurationDocument::read(file.path);
     const auto findings = examined(document);
     printFindings(findings, std::cout);
-    const auto errors = std::ranges::count(findings, Finding::eWrong, &Finding::weight);
-    std::cout << file.path << ": " << document.getProperties().size() << " properties, " << errors
-              << " errors, " << findings.size() - static_cast<std::size_t>(errors) << " warnings\n";
+    const auto errors =
+        static_cast<std::size_t>(std::ranges::count(findings, Finding::eWrong, &Finding::weight));
+    std::cout << file.path << ": " << counted(document.getProperties().size(), "property", "properties")
+              << ", " << counted(errors, "error", "errors") << ", "
+              << counted(findings.size() - errors, "warning", "warnings") << '\n';
     return errors != 0 || (options.isStrict && !findings.empty()) ? e_No : e_Ok;
 }
 

@@ -1,0 +1,44 @@
+"""`mrl config` from outside: which file it takes, and its exit codes."""
+
+import os
+import pathlib
+import subprocess
+
+import pytest
+
+SHIPPED = pathlib.Path(__file__).parents[2] / "resources" / "qzconfig.xml"
+FILE = """<qzn:parameters xmlns:qzn="http://developer.vantor.example/schemas/qzconfig/1/">
+<qzn:parameter name="%s"><qzn:value>true</qzn:value></qzn:parameter></qzn:parameters>"""
+
+
+def config(*arguments, **variables):
+    return subprocess.run([os.environ["MRL"], "config", *map(str, arguments)], capture_output=True, text=True,
+                          check=False, env=os.environ | {"MRL_HOME": "/nonexistent", "MRL_CONFIGURATION": ""} | variables)
+
+
+@pytest.mark.parametrize("arguments, name, code, told", [
+    (("check",), "encryptTemporaryFiles", 0, "0 errors, 0 warnings"),
+    (("check",), "temporary", 0, "0 errors, 1 warning\n"),
+    (("check", "--strict"), "temporary", 1, "does not know the property"),
+    (("check",), '"', 1, ": error: expected"),
+    (("show",), "encryptTemporaryFiles", 0, "encryptTemporaryFiles = true"),
+    (("show",), '"', 1, ":2:"),
+    (("frobnicate",), "temp", 2, ""),
+])
+def test_the_file_that_the_environment_names_is_taken(tmp_path, arguments, name, code, told):
+    file = tmp_path / "configuration.xml"
+    file.write_text(FILE % name)
+    result = config(*arguments, MRL_CONFIGURATION=str(file))
+    assert (result.returncode, told in result.stdout + result.stderr) == (code, True), result
+
+
+def test_the_file_that_is_shipped_has_no_findings_and_may_be_named():
+    assert config("check", SHIPPED).stdout == f"{SHIPPED}: 3 properties, 0 errors, 0 warnings\n"
+
+
+def test_a_missing_file_is_an_error_only_where_it_is_named():
+    result = config("show")
+    assert result.returncode == 0
+    assert result.stdout.startswith("# no file at /nonexistent/configuration/qzconfig.xml (the default place)")
+    result = config("check", MRL_CONFIGURATION="/nonexistent/x.xml")
+    assert (result.returncode, "/nonexistent/x.xml: error: " in result.stdout) == (1, True)
