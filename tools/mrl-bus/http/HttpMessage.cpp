@@ -33,7 +33,7 @@ PLQInputStream& HttpMessage::openEnvelope() {
     if (!m_parts)
         return m_body;
     if (!m_parts->next() || !isXml(getContentType()) || (!m_start.empty() && m_start != getContentID()))
-        throw BadMultipart("the first part has to be the envelope, of the type text/xml");
+        throw Unreadable("the first part has to be the envelope, of the type text/xml");
     checkEncoding();
     return m_partStream;
 }
@@ -46,7 +46,7 @@ int HttpMessage::hasMoreAttachments() {
 
 TavelTKAttachmentReader& HttpMessage::openNextAttachment() {
     if (hasMoreAttachments() == 0)
-        throw BadMultipart("there is no further part");
+        throw Unreadable("there is no further part");
     m_onAttachment = false;
     checkEncoding();
     return *this;
@@ -61,8 +61,8 @@ void HttpMessage::checkEncoding() const {
     const std::string coding = Poco::toLower(std::string(header("content-encoding")));
     if ((!transfer.empty() && transfer != "binary" && transfer != "8bit" && transfer != "7bit") ||
         (!coding.empty() && coding != "gzip" && coding != "identity"))
-        throw BadMultipart("a part comes as it is, or with Content-Encoding: gzip; not in " +
-                           (coding.empty() ? transfer : coding).substr(0, 40));
+        throw Unreadable("a part comes as it is, or with Content-Encoding: gzip; not in " +
+                         (coding.empty() ? transfer : coding).substr(0, 40));
 }
 
 const char* HttpMessage::header(std::string_view name) const {

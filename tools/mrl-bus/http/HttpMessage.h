@@ -15,7 +15,7 @@ namespace mrl::bus {
 class HttpMessage : public TavelTKMessageReader, private TavelTKAttachmentReader {
 public:
     /// @param contentType the header; borrowed, like the body.
-    /// @throws BadMultipart, Poco::Exception for a content type that cannot be read.
+    /// @throws Unreadable, Poco::Exception for a content type that cannot be read.
     HttpMessage(PLQInputStream& body, const std::string& contentType);
 
     /// Whether the bus reads bodies of this content type.

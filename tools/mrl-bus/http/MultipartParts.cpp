@@ -29,7 +29,7 @@ MultipartParts::MultipartParts(PLQInputStream& body, const std::string& boundary
     , m_delimiter("\r\n--" + boundary) {
     const bool plain = std::ranges::all_of(boundary, [](char c) { return c >= ' ' && c <= '~'; });
     if (boundary.empty() || boundary.size() > maxBoundary || !plain)
-        throw BadMultipart("the boundary of a multipart body has 1 to 70 printable characters");
+        throw Unreadable("the boundary of a multipart body has 1 to 70 printable characters");
 }
 
 /// Reads one piece more.
@@ -67,7 +67,7 @@ std::size_t MultipartParts::read(char* buffer, std::size_t count) {
             return given;
         }
         if (!fill())
-            throw BadMultipart("the multipart body ends without its closing delimiter");
+            throw Unreadable("the multipart body ends without its closing delimiter");
     }
 }
 
@@ -79,7 +79,7 @@ void MultipartParts::skipPart() {
 
 char MultipartParts::takeChar(const char* where) {
     if (m_begin == m_buffer.size() && !fill())
-        throw BadMultipart(std::string("the multipart body ends in ") + where);
+        throw Unreadable(std::string("the multipart body ends in ") + where);
     return m_buffer[m_begin++];
 }
 
@@ -93,8 +93,7 @@ std::string MultipartParts::takeLine() {
             return line;
         }
         if (line.size() >= maxHeaderBytes)
-            throw BadMultipart("a part has more than " + std::to_string(maxHeaderBytes) +
-                               " bytes of headers");
+            throw Unreadable("a part has more than " + std::to_string(maxHeaderBytes) + " bytes of headers");
         line += c;
     }
 }
@@ -107,16 +106,15 @@ void MultipartParts::readHeaders() {
         const std::size_t colon = line.find(':');
         const bool control = std::ranges::any_of(line, [](unsigned char c) { return c < ' ' && c != '\t'; });
         if (colon == std::string::npos || colon == 0 || control)
-            throw BadMultipart("a header of a part is not of the form 'Name: value'");
+            throw Unreadable("a header of a part is not of the form 'Name: value'");
         if (bytes > maxHeaderBytes)
-            throw BadMultipart("a part has more than " + std::to_string(maxHeaderBytes) +
-                               " bytes of headers");
+            throw Unreadable("a part has more than " + std::to_string(maxHeaderBytes) + " bytes of headers");
         const bool first = m_headers
                                .emplace(lower(trimmed(std::string_view(line).substr(0, colon))),
                                         trimmed(std::string_view(line).substr(colon + 1)))
                                .second;
         if (!first)
-            throw BadMultipart("a part has a header twice");
+            throw Unreadable("a part has a header twice");
     }
 }
 
@@ -132,9 +130,9 @@ bool MultipartParts::next() {
         return false;
     }
     if (!trimmed(takeLine()).empty())
-        throw BadMultipart("the boundary is part of the content");
+        throw Unreadable("the boundary is part of the content");
     if (++m_parts > maxParts)
-        throw BadMultipart("there are more than " + std::to_string(maxParts) + " parts");
+        throw Unreadable("there are more than " + std::to_string(maxParts) + " parts");
     readHeaders();
     m_state = State::inPart;
     return true;

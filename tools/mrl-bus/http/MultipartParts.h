@@ -1,19 +1,14 @@
 #pragma once
 
+#include "soap/Refusal.h"
+
 #include "PLQStreams/PLQInputStream.h"
 
 #include <map>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 namespace mrl::bus {
-
-/// A multipart body that breaks its own rules. The text names what, for the client.
-class BadMultipart : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 /// The parts of a multipart body, one after the other, as they arrive. A body without its closing delimiter
 /// is an error, so what was cut off is never taken for the whole.
@@ -25,12 +20,12 @@ public:
     static constexpr std::size_t maxHeaderBytes = 8192; ///< of one part
     static constexpr int maxParts = 1000;
 
-    /// @throws BadMultipart when no body can have the boundary.
+    /// @throws Unreadable when no body can have the boundary.
     MultipartParts(PLQInputStream& body, const std::string& boundary);
 
     /// Goes on to the next part, over what is left of the one before.
     /// @return false behind the last.
-    /// @throws BadMultipart
+    /// @throws Unreadable
     bool next();
 
     /// Of the current part.

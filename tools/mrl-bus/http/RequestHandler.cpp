@@ -126,7 +126,7 @@ Answer RequestHandler::answerTo(HttpInputStream& body, const std::string& conten
     try {
         HttpMessage message(body, contentType);
         return m_processor.process(message);
-    } catch (const BadMultipart& e) {
+    } catch (const Unreadable& e) {
         return RequestProcessor::unreadable(e.what());
     }
 }

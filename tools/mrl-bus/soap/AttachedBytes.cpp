@@ -1,9 +1,10 @@
 #include "soap/AttachedBytes.h"
 
+#include "soap/Refusal.h"
+
 #include "PLQStreams/PLQOutputStream.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace mrl::bus {
 
@@ -23,8 +24,7 @@ MRL_AttachmentContainerI* AttachedBytes::create() {
 
 void AttachedBytes::write(const char* data, std::size_t size) {
     if (size > s_left)
-        throw std::runtime_error(
-            "the attachments are too large when they are unpacked; send less in one request");
+        throw Unreadable("the attachments are too large when they are unpacked; send less in one request");
     s_left -= size;
     m_content.append(data, size);
 }

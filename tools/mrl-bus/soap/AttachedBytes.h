@@ -24,7 +24,7 @@ public:
     /// A factory for MRL_AttachmentHandler.
     static MRL_AttachmentContainerI* create();
 
-    /// @throws std::runtime_error beyond the budget.
+    /// @throws Unreadable beyond the budget.
     void write(const char* data, std::size_t size) override;
     const char* c_str() override { return nullptr; }
     MRL_Streamable* getStreamable() override { return &m_content; }

@@ -5,6 +5,12 @@
 
 namespace mrl::bus {
 
+/// A request that cannot be read, and why.
+class Unreadable : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
 /// A request that a service refuses for reasons of its own; README.md lists the codes.
 class Refusal : public std::runtime_error {
 public:

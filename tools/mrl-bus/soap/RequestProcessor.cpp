@@ -44,11 +44,6 @@ struct NotOffered {
     std::string service;
 };
 
-/// Reading failed: the request is at fault, whatever the reader says.
-struct Unreadable {
-    std::string reason;
-};
-
 /// The one call of a request; null when the header asks for an anonymous logon and the body for nothing.
 struct ReadRequest {
     HBLSmartPointer<MRLPortTypeBinding> binding;
@@ -75,14 +70,14 @@ ReadRequest read(PLQInputStream& envelope, TavelTKMessageReader& message) {
         message.closeEnvelope(envelope);
         if (attachments.resolveReferences(message, request.binding->getInputMessage().getObjectRegistry(),
                                           &AttachedBytes::create) == 0)
-            throw Unreadable{"The envelope refers to an attachment that did not come with it."};
+            throw Unreadable("The envelope refers to an attachment that did not come with it.");
     } catch (const HBLOutOfMemoryError&) {
         throw;
     } catch (const HBLAssertError& e) { // no operation in the body
         if (!asksForLogon(reader->getTavelHeader()))
-            throw Unreadable{e.getMessage()};
+            throw Unreadable(e.getMessage());
     } catch (const HBLThrowable& e) {
-        throw Unreadable{e.getMessage()};
+        throw Unreadable(e.getMessage());
     }
     return request;
 }
@@ -142,7 +137,7 @@ Answer RequestProcessor::process(TavelTKMessageReader& request) {
     } catch (const Refusal& e) {
         return refused({true, "The bus refused the request.", e.code(), e.what()});
     } catch (const Unreadable& e) {
-        return unreadable(e.reason);
+        return unreadable(e.what());
     } catch (const NotOffered& e) {
         return refused(
             {false, "The bus does not offer this operation.", "busNotOffered",
