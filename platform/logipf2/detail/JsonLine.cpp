@@ -4,6 +4,7 @@
 #include "logipf2/LOGObject.h"
 #include "logipf2/detail/LogClock.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
@@ -38,6 +39,7 @@ void appendEscape(std::string& out, char32_t c) {
     }
 }
 
+/// A character of ASCII that is not written as it is.
 void appendAscii(std::string& out, char c) {
     switch (c) {
     case '"': out += "\\\""; break;
@@ -47,12 +49,7 @@ void appendAscii(std::string& out, char c) {
     case '\n': out += "\\n"; break;
     case '\r': out += "\\r"; break;
     case '\t': out += "\\t"; break;
-    default:
-        if (c < 0x20 || c == 0x7F) {
-            appendEscape(out, static_cast<unsigned char>(c));
-        } else {
-            out += c;
-        }
+    default: appendEscape(out, static_cast<unsigned char>(c));
     }
 }
 
@@ -70,6 +67,42 @@ void appendUtf8(std::string& out, char32_t c) {
         put(0x80 | ((c >> 6) & 0x3F));
     }
     put(0x80 | (c & 0x3F));
+}
+
+constexpr bool isPlain(char16_t unit) {
+    return unit >= 0x20 && unit < 0x7F && unit != u'"' && unit != u'\\';
+}
+
+/// How many units at the front are written as they are: all but a few of what is logged.
+std::size_t plainRun(std::u16string_view text) {
+    std::size_t length = 0;
+    while (length < text.size() && isPlain(text[length])) {
+        ++length;
+    }
+    return length;
+}
+
+/// Appends the first character of `text`, which is not a plain one.
+/// @return its units.
+std::size_t appendOther(std::string& out, std::u16string_view text) {
+    char32_t c = text[0];
+    std::size_t units = 1;
+    if (c < 0x80) {
+        appendAscii(out, static_cast<char>(c));
+        return units;
+    }
+    if (isHighSurrogate(c) && text.size() > 1 && isLowSurrogate(text[1])) {
+        c = 0x10000 + ((c - 0xD800) << 10) + (text[1] - 0xDC00u);
+        units = 2;
+    } else if (isHighSurrogate(c) || isLowSurrogate(c)) {
+        c = REPLACEMENT;
+    }
+    if (isTreacherous(c)) {
+        appendEscape(out, c);
+    } else {
+        appendUtf8(out, c);
+    }
+    return units;
 }
 
 /// "2026-11-21T06:05:04.123456Z", without the C library's conversions: they lock, and read the time zone.
@@ -145,21 +178,15 @@ std::string JsonLine::finish() {
 void JsonLine::quoted(std::u16string_view text) {
     m_line.reserve(m_line.size() + text.size() + text.size() / 8 + 16);
     m_line += '"';
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t c = text[i];
-        if (c < 0x80) {
-            appendAscii(m_line, static_cast<char>(c));
-            continue;
-        }
-        if (isHighSurrogate(c) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
-            c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00u);
-        } else if (isHighSurrogate(c) || isLowSurrogate(c)) {
-            c = REPLACEMENT;
-        }
-        if (isTreacherous(c)) {
-            appendEscape(m_line, c);
+    for (std::size_t i = 0; i < text.size();) {
+        if (const std::size_t plain = plainRun(text.substr(i)); plain > 0) {
+            const std::size_t at = m_line.size();
+            m_line.resize(at + plain);
+            std::transform(text.begin() + i, text.begin() + i + plain, m_line.begin() + at,
+                           [](char16_t unit) { return static_cast<char>(unit); });
+            i += plain;
         } else {
-            appendUtf8(m_line, c);
+            i += appendOther(m_line, text.substr(i));
         }
     }
     m_line += '"';
