@@ -92,7 +92,7 @@ int runChild(const std::vector<std::string>& command,
     if (error != 0) {
         std::cerr << "mrl: '" << command.front()
                   << "' cannot be run: " << std::generic_category().message(error) << '\n';
-        return error == ENOENT ? 127 : 126;
+        return error == ENOENT ? e_NotFound : e_NotRun;
     }
     int status = 0;
     while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {

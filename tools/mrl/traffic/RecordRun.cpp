@@ -11,6 +11,8 @@ namespace mrl::tool {
 int RecordRun::run() const {
     const std::filesystem::path into = emptyDirectory(directory);
     const int code = runChild(command, {{"MRL_RECORDING_DIR", into.string()}, {"MRL_PLAYBACK_DIR", ""}});
+    if (code == e_NotRun || code == e_NotFound)
+        return code; // which has been told
     const Recording recording = Recording::read(into);
     if (recording.calls.empty()) {
         std::cerr << "mrl: nothing was recorded. Either the program made no call, or it sets the directories "

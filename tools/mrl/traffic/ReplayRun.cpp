@@ -56,6 +56,8 @@ int ReplayRun::run() const {
     const fs::path kept = sent.empty() ? unkept.path() : emptyDirectory(sent);
     const int code = runChild(
         command, {{"MRL_PLAYBACK_DIR", stage.path().string()}, {"MRL_RECORDING_DIR", kept.string()}});
+    if (code == e_NotRun || code == e_NotFound)
+        return code; // which has been told
     const Recording now = Recording::read(kept);
     if (now.calls.empty()) {
         std::cerr << "mrl: no call was answered. Either the program made none, or it sets the directories of "
