@@ -6,7 +6,7 @@ JOBS ?= $(shell nproc)
 .PHONY: help setup configure build demo test check format tidy layering bench interop fuzz clean
 
 help:
-	@echo "make demo    a typed call answered by a live bus"
+	@echo "make demo    typed calls answered by a live bus, and a report run there"
 	@echo "make test    every test               (PRESET=asan|tsan|release|coverage for another build)"
 	@echo "make check   format, tidy, layering, tests"
 	@echo "make bench   the benchmarks, optimised"
@@ -24,8 +24,9 @@ build: configure
 	@cmake --build --preset $(PRESET) -j $(JOBS)
 
 demo: configure
-	@cmake --build --preset $(PRESET) -j $(JOBS) --target mrl-bus first_call
+	@cmake --build --preset $(PRESET) -j $(JOBS) --target mrl-bus first_call first_report
 	@scripts/with-bus $(BUILD)/bin $(BUILD)/bin/first_call
+	@scripts/with-bus $(BUILD)/bin $(BUILD)/bin/first_report $(BUILD)/demo
 
 test: build
 	@ctest --preset $(PRESET) -j $(JOBS)
