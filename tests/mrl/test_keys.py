@@ -23,14 +23,13 @@ def test_a_store_is_made_listed_and_rotated_without_showing_a_key(tmp_path):
     assert len(secrets) == 3 and not any(s in r.stdout + r.stderr for s in secrets for r in results)
 
 
-@pytest.mark.parametrize("before, action, code, told", [
-    ((), "list", 1, "`mrl keys init` makes one"),
-    ((), "rotate", 1, "`mrl keys init` makes it"),
-    (("init",), "init", 1, "is there already"),
-    ((), "destroy", 2, "destroy"),
+@pytest.mark.parametrize("before, action, told", [
+    ((), "list", "`mrl keys init` makes one"),
+    ((), "rotate", "`mrl keys init` makes it"),
+    (("init",), "init", "is there already"),
 ])
-def test_what_cannot_be_done_is_told_with_the_remedy(tmp_path, before, action, code, told):
+def test_what_cannot_be_done_is_told_with_the_remedy(tmp_path, before, action, told):
     for step in before:
         keys(tmp_path, step)
     result = keys(tmp_path, action)
-    assert (result.returncode, told in result.stderr) == (code, True), result.stderr
+    assert (result.returncode, told in result.stderr) == (1, True), result.stderr
