@@ -1,6 +1,7 @@
 // Documents: a small one in its pooled buffer beside a copy of the bytes; a large one through its temporary
 // file, plain and encrypted, beside a file that is written and read by system calls alone, in the same
-// directory ($TMPDIR, or /tmp). Large ones go by the wall clock.
+// directory ($TMPDIR, or /tmp). All by the time of this process, the system's on its behalf included: what the
+// disk does afterwards is the same for all.
 #include "Session/MRLDocumentOutput.h"
 #include "support/Heap.h"
 #include "support/Ratios.h"
@@ -188,7 +189,7 @@ void RawFile(benchmark::State& state) {
 }
 
 void large(benchmark::internal::Benchmark* benchmark) {
-    benchmark->Arg(1024)->UseRealTime()->Iterations(1)->Repetitions(5)->Unit(benchmark::kMillisecond);
+    benchmark->Arg(1024)->Iterations(1)->Repetitions(5)->Unit(benchmark::kMillisecond);
 }
 
 BENCHMARK(SmallDocument)->Arg(100)->Arg(290)->Repetitions(5);

@@ -32,9 +32,7 @@ public:
         ConsoleReporter::ReportRuns(runs);
         for (const Run& run : runs) {
             if (!run.error_occurred && run.run_type == Run::RT_Iteration) {
-                const bool byTheWall = run.run_name.time_type == "real_time"; // UseRealTime()
-                m_times[run.run_name.function_name][run.run_name.args].push_back(
-                    byTheWall ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime());
+                m_times[run.run_name.function_name][run.run_name.args].push_back(run.GetAdjustedCPUTime());
             }
         }
     }

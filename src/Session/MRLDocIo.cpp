@@ -29,6 +29,7 @@ constexpr unsigned int s_defaultBufferSize = 300000;
 constexpr unsigned int s_defaultPoolLimit = 30;
 constexpr unsigned int s_largestPoolLimit = 65535;
 constexpr std::size_t s_largestRead = 0x7fffffff;
+constexpr std::size_t s_aheadSize = 64 * 1024;
 
 std::int64_t seekIn(HBLFmFile& file, std::int64_t position, HBLFmFile::seekorigin origin) {
     return file.seek(HBLDowncastSize::int32(position), origin);
@@ -169,7 +170,7 @@ std::int64_t MRLDocIo::writeImpl(const char* data, std::size_t size) {
     std::int64_t written = -1;
     if (m_hblFile != nullptr) {
         const std::uint32_t count = HBLDowncastSize::uint32(size);
-        written = passes(FileStep::write) ? m_hblFile->write(data, count) : -1;
+        written = dropAhead() && passes(FileStep::write) ? m_hblFile->write(data, count) : -1;
     } else if (m_zorFile != nullptr) {
         written = passes(FileStep::write) ? m_zorFile->write(data, size) : -1;
     }
@@ -241,7 +242,7 @@ std::int64_t MRLDocIo::readFile(char* buffer, std::size_t size) {
         std::size_t total = 0;
         while (total < size) {
             const std::size_t piece = std::min(size - total, s_largestRead);
-            const std::int64_t got = passes(FileStep::read) ? m_hblFile->read(buffer + total, piece) : -1;
+            const std::int64_t got = readPlain(buffer + total, piece);
             m_readFailed = m_readFailed || got < 0;
             if (got <= 0) {
                 break;
@@ -258,6 +259,40 @@ std::int64_t MRLDocIo::readFile(char* buffer, std::size_t size) {
     return -1;
 }
 
+std::int64_t MRLDocIo::readPlain(char* buffer, std::size_t size) {
+    if (m_aheadBegin == m_aheadEnd) {
+        if (!passes(FileStep::read)) {
+            return -1;
+        }
+        if (size >= s_aheadSize) {
+            return m_hblFile->read(buffer, size);
+        }
+        if (m_ahead == nullptr) {
+            m_ahead.reset(hblNewChars(HBL_HERE, s_aheadSize));
+        }
+        const std::int64_t got = m_hblFile->read(m_ahead.get(), s_aheadSize);
+        if (got <= 0) {
+            return got;
+        }
+        m_aheadBegin = 0;
+        m_aheadEnd = static_cast<std::size_t>(got);
+    }
+    const std::size_t count = std::min(size, m_aheadEnd - m_aheadBegin);
+    std::memcpy(buffer, m_ahead.get() + m_aheadBegin, count);
+    m_aheadBegin += count;
+    return static_cast<std::int64_t>(count);
+}
+
+/// Takes the plain file back to the position of the document.
+bool MRLDocIo::dropAhead() {
+    const std::size_t left = m_aheadEnd - m_aheadBegin;
+    if (left > 0 && m_hblFile->seek(-static_cast<std::int64_t>(left), HBLFmFile::eCurrent) < 0) {
+        return false;
+    }
+    m_aheadBegin = m_aheadEnd = 0;
+    return true;
+}
+
 std::int64_t MRLDocIo::seek(std::int64_t position, int origin) {
     HBL_ASSERT_NAMED(!m_gzip, "MRLDocIo::seek() not supported when compressed data is being written");
     if (m_buffer != nullptr) {
@@ -266,7 +301,7 @@ std::int64_t MRLDocIo::seek(std::int64_t position, int origin) {
     const HBLFmFile::seekorigin from = origin == eMRLDocIo_SeekCurrent ? HBLFmFile::eCurrent
                                        : origin == eMRLDocIo_SeekEnd   ? HBLFmFile::eEnd
                                                                        : HBLFmFile::eBegin;
-    if (!passes(FileStep::seek)) {
+    if (!passes(FileStep::seek) || !dropAhead()) {
         return -1;
     }
     return m_hblFile != nullptr   ? seekIn(*m_hblFile, position, from)
@@ -351,6 +386,8 @@ void MRLDocIo::close() {
 /// @return false when the system could not keep what was written.
 bool MRLDocIo::closeFiles() {
     bool isKept = true;
+    m_ahead.reset();
+    m_aheadBegin = m_aheadEnd = 0;
     if (const std::unique_ptr<ZORFmFile> file = std::move(m_zorFile)) {
         isKept = file->close() != 0 && passes(FileStep::close);
     }

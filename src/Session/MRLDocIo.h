@@ -113,6 +113,8 @@ private:
     std::int64_t writeImpl(const char* data, std::size_t size);
     std::int64_t writeBuffer(const char* data, std::size_t size);
     std::int64_t readFile(char* buffer, std::size_t size);
+    std::int64_t readPlain(char* buffer, std::size_t size);
+    bool dropAhead();
     std::int64_t seekBuffer(std::int64_t position, int origin);
     void finishPacked();
     bool closeFiles();
@@ -136,6 +138,10 @@ private:
     int m_compress = 0;
     bool m_incomplete = false; // packed data has a hole
     bool m_readFailed = false;
+    // Read ahead of the position of the plain file, since documents are copied in small pieces.
+    Buffer m_ahead;               // made by the first read
+    std::size_t m_aheadBegin = 0; // what is left: from here
+    std::size_t m_aheadEnd = 0;   // to here
 
     static HBLThreadCriticalSection s_lock; // for all below
     static int m_initCount;
