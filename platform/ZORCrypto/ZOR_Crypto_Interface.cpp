@@ -15,6 +15,8 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 using mrl::detail::ControlDocument;
 using mrl::detail::CryptoHandle;
@@ -33,6 +35,16 @@ HBLThreadCriticalSection s_servicesLock;
 std::map<std::string, int, std::less<>>& services() {
     static std::map<std::string, int, std::less<>> started;
     return started;
+}
+
+HBLThreadCriticalSection s_handlesLock;
+
+/// Makes a handle and keeps it. What keeps them is never destroyed: threads may use theirs up to the end.
+CryptoHandle* newHandle(const std::string& service) {
+    static auto& handles = *new std::vector<std::unique_ptr<CryptoHandle>>;
+    auto handle = std::make_unique<CryptoHandle>(service);
+    const HBLThreadGuard guard(s_handlesLock);
+    return handles.emplace_back(std::move(handle)).get();
 }
 
 /// A copy of `bytes` with a NUL behind, for ZOR_CryptoFree; null without memory.
@@ -139,7 +151,7 @@ ZOR_Int32 ZOR_PersistentInitialize(ZOR_Handle* handle, const char* document, ZOR
     return withDetails(details, [&] {
         need(handle, "the handle");
         const ControlDocument config(document, "sessionConfigDocument");
-        *handle = new CryptoHandle(config.get("serviceID"));
+        *handle = newHandle(config.get("serviceID"));
     });
 }
 

@@ -20,6 +20,8 @@
 #include "HBLCore/HBLByteBuffer.h"
 #include "HBLCore/HBLSmartPointer.h"
 #include "HBLIDOM/HBLIDOM.h"
+#include "ZORCrypto/HBLZORCookie.h"
+#include "ZORCrypto/ZORKeyStore.h"
 #include "ZORCrypto/ZORTrustedReader.h"
 
 #include <thread>
@@ -107,6 +109,20 @@ TEST_F(CryptoGateway, BelievesASecureStateThatWasIssuedForThePassport) {
     MRLProperty::deleteInstance();
 }
 
+TEST_F(CryptoGateway, TakesTheAccessBlockOnlyOutOfACookieThatWasSignedHere) {
+    const HBLSmartPointer<MRLObjectRegistryI> registry(MRLObjectRegistry::create());
+    const HBLZORCookie cookie =
+        HBLZORCookie::fromXMLString("<bus:ZOR xmlns:bus=\"http://developer.vantor.example/schemas/tavel/3/\" "
+                                    "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
+                                    "xsi:type=\"bus:ZOR\"><bus:action>logon</bus:action></bus:ZOR>",
+                                    std::chrono::minutes(1));
+    const MRLZOR* const access = MRLHelper::getMRLZORFromZORCookie(cookie.getValue().c_str(), registry.get());
+    ASSERT_NE(access, nullptr);
+    EXPECT_STREQ(access->getAction(), "logon");
+    const std::string forged = cookie.getValue().substr(0, cookie.getValue().size() - 4) + "AAAA";
+    EXPECT_THROW(MRLHelper::getMRLZORFromZORCookie(forged.c_str(), registry.get()), ZORError);
+}
+
 std::string encoded(const std::string& clear) {
     HBLByteBuffer out(1, 64, 64);
     MRLHelper::encryptAndEncode(clear.data(), clear.size(), SERVICE, out);
@@ -167,7 +183,7 @@ TEST_F(CryptoGateway, SaysInTheBackTraceWhyItCannotProtect) {
     expectAssert([] { MRLHelper::initCrypto(nullptr); }, "HBL_ASSERT(service);");
 }
 
-TEST_F(CryptoGateway, ServesSixteenThreadsWithOneHandleForEachPurpose) {
+TEST_F(CryptoGateway, ServesSixteenThreadsWithOneHandleForEachPurposeWhileKeysRotate) {
     std::vector<std::thread> threads;
     for (int t = 0; t < 16; ++t)
         threads.emplace_back([t] {
@@ -182,6 +198,8 @@ TEST_F(CryptoGateway, ServesSixteenThreadsWithOneHandleForEachPurpose) {
                 const char* signature = nullptr;
                 EXPECT_EQ(MRLHelper::verifySpecSignature(out.str(), out.pcount(), SERVICE, signature), 1);
                 MRLHelper::encryptTrusted(text.data(), text.size(), SERVICE, out);
+                if (t + i == 8)
+                    ZORKeyStore::rotate(ZORKeyStore::location());
             }
         });
     for (std::thread& thread : threads)

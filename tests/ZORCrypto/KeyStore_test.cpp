@@ -24,11 +24,10 @@ protected:
             return e.getText();
         }
     }
-    std::string text() const {
-        std::ifstream in(m_path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
 };
+}
+}
+;
 
 TEST_F(KeyStore, IsMadeByTheFirstUseForItsOwnerAlone) {
     const mode_t before = umask(0);
@@ -118,37 +117,6 @@ TEST_F(KeyStore, IsRefusedByTheLineThatIsDamaged) {
     EXPECT_EQ(ZOR_CryptoInitialize(document, 0, &details), eZORKeyStore) << "found when the library starts";
     EXPECT_NE(std::string(details).find("restore it from a backup"), std::string::npos) << details;
     ZOR_CryptoFree(details, 0);
-}
-
-TEST_F(KeyStore, KeepsItsKeysWhenItIsRotated) {
-    EXPECT_THROW(ZORKeyStore::rotate(m_path), ZORError) << "there is none yet";
-    writeStore(KNOWN_STORE);
-    ZORKeyStore::rotate(m_path);
-    ZORKeyStore::rotate(m_path);
-    const auto keys = ZORKeyStore::list(m_path);
-    ASSERT_EQ(keys.size(), 3u);
-    EXPECT_EQ(keys[0].id, "20650f4c25d0fabd");
-    EXPECT_EQ(keys[0].created, 1795240800);
-    EXPECT_EQ((std::vector<bool>{keys[0].writes, keys[1].writes, keys[2].writes}),
-              (std::vector<bool>{false, false, true}));
-    EXPECT_EQ(text().rfind(KNOWN_STORE.substr(0, KNOWN_STORE.find("sum")), 0), 0u)
-        << "what was there stays as it was";
-    EXPECT_EQ(fs::status(m_path).permissions(), fs::perms(0600));
-}
-
-std::string configuredStore() {
-    return "/configured/mrl.keys";
-}
-
-TEST_F(KeyStore, IsFoundByTheEnvironmentThenByTheConfigurationThenBesideTheInstallation) {
-    ZORKeyStore::setLocationSource(&configuredStore);
-    EXPECT_EQ(ZORKeyStore::location(), m_path);
-    unsetenv("MRL_KEY_STORE");
-    EXPECT_EQ(ZORKeyStore::location(), "/configured/mrl.keys");
-    ZORKeyStore::setLocationSource(nullptr);
-    setenv("MRL_HOME", "/opt/host", 1);
-    EXPECT_EQ(ZORKeyStore::location(), "/opt/host/configuration/keystore/mrl.keys");
-    unsetenv("MRL_HOME");
 }
 
 } // namespace

@@ -9,7 +9,6 @@
 #include <functional>
 #include <set>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -204,6 +203,11 @@ TEST_F(Protection, GoesOnWithOldKeysAfterARotationThatRunningHandlesNotice) {
     std::string clear;
     ASSERT_EQ(data.unprotect(dataDocument(), clear), 0);
     const std::string id = ZORKeyStore::rotate(m_path).id;
+    const auto keys = ZORKeyStore::list(m_path);
+    ASSERT_EQ(keys.size(), 2u);
+    EXPECT_EQ(keys[0].id, "20650f4c25d0fabd");
+    EXPECT_EQ(keys[0].created, MADE);
+    EXPECT_TRUE(keys[1].writes && !keys[0].writes);
     const std::string written = data.protect("new");
     EXPECT_EQ(mrl::detail::toHex(written.substr(6, 8)), id);
     EXPECT_EQ(data.unprotect(written, clear), 0);
@@ -212,28 +216,11 @@ TEST_F(Protection, GoesOnWithOldKeysAfterARotationThatRunningHandlesNotice) {
     EXPECT_EQ(clear, "hello");
 }
 
-TEST_F(Protection, OfEqualTextsNeverLooksTheSameAcrossThreadsAndForks) {
-    constexpr int MANY = 16;
-    std::vector<std::string> documents(MANY * 2 * 20);
-    std::vector<std::thread> threads;
-    for (std::size_t t = 0; t < MANY; ++t)
-        threads.emplace_back([&documents, t] {
-            Handle handle("RENQ", "CSKEncrypt");
-            for (std::size_t i = t * 40; i < t * 40 + 40; ++i) {
-                documents[i] = handle.protect("the same");
-                std::string clear;
-                EXPECT_EQ(handle.unprotect(documents[i], clear), 0);
-                if (i == 100)
-                    ZORKeyStore::rotate(ZORKeyStore::location());
-            }
-        });
-    for (std::thread& thread : threads)
-        thread.join();
+TEST_F(Protection, OfEqualTextsNeverLooksTheSameNorInChildren) {
     std::set<std::string> salts;
-    for (const std::string& document : documents)
-        EXPECT_TRUE(salts.insert(document.substr(26, 32)).second);
-
     Handle handle("RENQ", "CSKEncrypt");
+    for (int i = 0; i < 300; ++i)
+        EXPECT_TRUE(salts.insert(handle.protect("the same").substr(26, 32)).second);
     for (int child = 0; child < 4; ++child) {
         int ends[2];
         ASSERT_EQ(pipe(ends), 0);
@@ -259,9 +246,6 @@ TEST_F(Protection, OfEqualTextsNeverLooksTheSameAcrossThreadsAndForks) {
 TEST(ControlDocuments, AreRefusedWithThePlace) {
     const char* const rows[][2] = {
         {nullptr, "the sessionConfigDocument is missing"},
-        {"", "the sessionConfigDocument expects \"<sessionConfigDocument>\" at byte 0"},
-        {"<sessionConfigDocument/>",
-         "the sessionConfigDocument expects \"<sessionConfigDocument>\" at byte 0"},
         {"<sessionConfigDocument></sessionConfigDocument>",
          "the sessionConfigDocument has no element \"serviceID\""},
         {"<sessionConfigDocument><serviceID>a<b</serviceID></sessionConfigDocument>",
