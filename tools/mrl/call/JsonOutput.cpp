@@ -33,6 +33,11 @@ Json shortest(double number) {
     return result;
 }
 
+/// Whether a reader can tell the value of a property from the property: a class has no such members.
+bool mayStandAlone(const Json& value) {
+    return !value.is_object() || value.contains("@cid") || value.contains("@file");
+}
+
 Json binary(const MRLBase64Binary& value) {
     const std::string_view bytes(value.str() == nullptr ? "" : value.str(), value.pcount());
     if (value.getIsContentId() != 0)
@@ -116,8 +121,9 @@ Json JsonOutput::object(MRLSchemaTypeI& object, ObjectType declared, const std::
         return result;
     }
     members(object, path, result);
-    if (isProperty(*row) && result.size() == 1 && result.contains("value") && !result["value"].is_object())
-        return result["value"];
+    const auto value = result.find("value");
+    if (isProperty(*row) && result.size() == 1 && value != result.end() && mayStandAlone(*value))
+        return *value;
     return result;
 }
 
