@@ -77,61 +77,40 @@ TEST(LogConfiguration, ABadChangeIsSaidOnceAndTheFormerOneStays) {
     EXPECT_EQ(40000, leastLevel("Perf.MRL"));
 }
 
-struct Refused {
-    const char* name;
-    const char* text;
-    const char* reason; // behind the path
-};
-
-class RefusedConfiguration : public testing::TestWithParam<Refused> {};
-
-TEST_P(RefusedConfiguration, NamesLineAndRemedy) {
+TEST(LogConfiguration, IsRefusedWithLineAndRemedy) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"", "1: not JSON: syntax error while parsing value"},
+        {"{\n\"sinks\": nonsense}", "2: not JSON: syntax error while parsing value"},
+        {"[]", "1: the configuration is not an object; write { ... }"},
+        {"[[[[[[[[[[[[[[[[[[", "1: nested too deeply"},
+        {"{\n\"sink\": {}}", R"(2: "sink" is not known here; known are "asynchronous", "sinks", "loggers")"},
+        {"{\"sinks\": {},\n\n\"sinks\": {}}", R"(3: "sinks" stands twice here)"},
+        {"{\"loggers\": {\"a\":\n{\"level\": \"all\"}}}", "2: not a level; write 10000"},
+        {"{\"loggers\": {\"a\":\n{\"level\": 10001}}}", "2: not a level"},
+        {"{\"loggers\": {\n\"a\": {\"level\": 10000}}}",
+         R"(2: logger "a" has a level but no sink; add "sinks")"},
+        {"{\"loggers\": {\n\"a\": {\"sinks\": [\"x\"]}}}", R"(2: logger "a" writes to sink "x", which)"},
+        {"{\"loggers\": {\n\"a..b\": {}}}", R"(2: "a..b" names no logger)"},
+        {"{\"sinks\": {\"x\": {\n\"type\": \"tape\"}}}", R"(2: "tape" is no type of sink)"},
+        {"{\"sinks\": {\n\"x\": {}}}", R"(2: sink "x" has no "type")"},
+        {"{\"sinks\": {\n\"x\": {\"type\": \"file\"}}}", R"(2: sink "x" has no "path")"},
+        {"{\"sinks\": {\"x\": {\"type\": \"file\",\n\"maxSize\": -1}}}", R"(2: "maxSize" is out of range)"},
+        {"{\"sinks\": {\"x\": {\"type\": \"syslog\",\n\"facility\": \"kern\"}}}",
+         R"(2: "kern" is no facility)"},
+        {"{\"sinks\": {\"x\": {\"type\": \"file\", \"path\": \"l\"},\n"
+         "\"y\": {\"type\": \"file\", \"path\": \"./l\"}}}",
+         R"(2: sink "y" writes the file of sink "x")"},
+        {"{\"asynchronous\": {\n\"queueSize\": 0}}", R"(2: "queueSize" is out of range)"}};
     LogHarness log("{}");
-    log.replace(GetParam().text);
-    try {
-        LogIPFControl::checkConfiguration(log.path("mrllogging.json"));
-        FAIL() << "taken";
-    } catch (const LogConfigurationError& e) {
-        EXPECT_THAT(e.getText(),
-                    testing::StartsWith(log.path("mrllogging.json") + ", line " + GetParam().reason));
+    for (const auto& [text, reason] : rows) {
+        log.replace(text);
+        try {
+            LogIPFControl::checkConfiguration(log.path("mrllogging.json"));
+            ADD_FAILURE() << "taken: " << text;
+        } catch (const LogConfigurationError& e) {
+            EXPECT_THAT(e.getText(), testing::StartsWith(log.path("mrllogging.json") + ", line " + reason));
+        }
     }
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    LogConfiguration, RefusedConfiguration,
-    testing::Values(
-        Refused{"empty", "", "1: not JSON: syntax error while parsing value"},
-        Refused{"not_json", "{\n\"sinks\": nonsense}", "2: not JSON: syntax error while parsing value"},
-        Refused{"no_object", "[]", "1: the configuration is not an object; write { ... }"},
-        Refused{"unknown_name", "{\n\"sink\": {}}",
-                R"(2: "sink" is not known here; known are "asynchronous", "sinks", "loggers")"},
-        Refused{"name_twice", "{\"sinks\": {},\n\n\"sinks\": {}}", R"(3: "sinks" stands twice here)"},
-        Refused{"too_deep", "[[[[[[[[[[[[[[[[[[", "1: nested too deeply"},
-        Refused{"level_no_number", "{\"loggers\": {\"a\":\n{\"level\": \"all\"}}}",
-                "2: not a level; write 10000"},
-        Refused{"level_between", "{\"loggers\": {\"a\":\n{\"level\": 10001}}}", "2: not a level"},
-        Refused{"level_without_sink", "{\"loggers\": {\n\"a\": {\"level\": 10000}}}",
-                R"(2: logger "a" has a level but no sink; add "sinks")"},
-        Refused{"sink_missing", "{\"loggers\": {\n\"a\": {\"sinks\": [\"x\"]}}}",
-                R"(2: logger "a" writes to sink "x", which "sinks" does not have)"},
-        Refused{"logger_name", "{\"loggers\": {\n\"a..b\": {}}}", R"(2: "a..b" names no logger)"},
-        Refused{"sink_type", "{\"sinks\": {\"x\": {\n\"type\": \"tape\"}}}",
-                R"(2: "tape" is no type of sink)"},
-        Refused{"no_type", "{\"sinks\": {\n\"x\": {}}}", R"(2: sink "x" has no "type")"},
-        Refused{"no_path", "{\"sinks\": {\n\"x\": {\"type\": \"file\"}}}", R"(2: sink "x" has no "path")"},
-        Refused{"negative_size", "{\"sinks\": {\"x\": {\"type\": \"file\",\n\"maxSize\": -1}}}",
-                R"(2: "maxSize" is out of range)"},
-        Refused{"facility", "{\"sinks\": {\"x\": {\"type\": \"syslog\",\n\"facility\": \"kern\"}}}",
-                R"(2: "kern" is no facility)"},
-        Refused{"same_file",
-                "{\"sinks\": {\"x\": {\"type\": \"file\", \"path\": \"l\"},\n"
-                "\"y\": {\"type\": \"file\", \"path\": \"./l\"}}}",
-                R"(2: sink "y" writes the file of sink "x")"},
-        Refused{"queue_size", "{\"asynchronous\": {\n\"queueSize\": 0}}",
-                R"(2: "queueSize" is out of range)"}),
-    [](const auto& row) { return std::string(row.param.name); });
-
-TEST(LogConfiguration, TheExampleIsTaken) {
     EXPECT_NO_THROW(LogIPFControl::checkConfiguration(MRL_RESOURCES "/mrllogging.json"));
 }
 

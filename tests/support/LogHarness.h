@@ -20,6 +20,7 @@ class LogHarness {
 public:
     /// Starts logging with a configuration; its relative paths are seen from directory().
     explicit LogHarness(const std::string& configuration) {
+        LogIPFControl::stop(); // a session of an earlier test may have started it
         setenv(LogIPFControl::s_locationVariable, path("mrllogging.json").c_str(), 1);
         detail::replaceLogClock(&CLOCK);
         if (!configuration.empty()) {
