@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <memory>
+#include <sys/socket.h>
 
 namespace {
 
@@ -29,9 +30,13 @@ std::string reply(const std::string& body, const std::string& status, const std:
            "Content-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body;
 }
 
-ScriptedPeer::ScriptedPeer(std::vector<Answer> answers)
+Poco::Net::ServerSocket ScriptedPeer::loopbackListener() {
+    return Poco::Net::ServerSocket(Poco::Net::SocketAddress("127.0.0.1", 0));
+}
+
+ScriptedPeer::ScriptedPeer(std::vector<Answer> answers, const Poco::Net::ServerSocket& listener)
     : m_answers(answers.begin(), answers.end())
-    , m_listener(Poco::Net::SocketAddress("127.0.0.1", 0))
+    , m_listener(listener)
     , m_thread([this] { listen(); }) {}
 
 ScriptedPeer::~ScriptedPeer() {
@@ -142,6 +147,8 @@ void ScriptedPeer::serve(Poco::Net::StreamSocket& socket) {
         if (answer.after == Answer::silence)
             while (!m_stopped)
                 std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        if (answer.after == Answer::cut)
+            ::shutdown(socket.impl()->sockfd(), SHUT_RDWR);
         if (answer.after == Answer::reset)
             socket.setLinger(true, 0);
         if (answer.after != Answer::keep)

@@ -12,18 +12,22 @@
 
 /// What the peer does with one request.
 struct Answer {
-    enum After { keep, close, reset, silence };
-    std::string bytes;        ///< sent once the request is complete
-    After after = keep;       ///< what becomes of the connection
-    bool readsRequest = true; ///< false: not a byte of the request is taken
+    enum After { keep, close, reset, silence, cut }; // cut: without ending TLS, if there is any
+    std::string bytes;                               ///< sent once the request is complete
+    After after = keep;                              ///< what becomes of the connection
+    bool readsRequest = true;                        ///< false: not a byte of the request is taken
 };
 
 /// A peer on the loopback device that gives scripted answers in order, over however many connections,
 /// and remembers what it was asked. Out of answers, it closes.
 class ScriptedPeer {
 public:
-    explicit ScriptedPeer(std::vector<Answer> answers = {});
+    /// @param listener a bound one, if not a plain one on a free port.
+    explicit ScriptedPeer(std::vector<Answer> answers = {},
+                          const Poco::Net::ServerSocket& listener = loopbackListener());
     ~ScriptedPeer();
+
+    static Poco::Net::ServerSocket loopbackListener();
 
     void add(Answer answer);
     std::string url(const std::string& path = "/bus") const;

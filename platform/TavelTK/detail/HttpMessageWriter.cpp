@@ -68,8 +68,8 @@ std::string HttpMessageWriter::cleanHeaders(const char* headers) const {
 
 PLQOutputStream& HttpMessageWriter::openEnvelope(const char* soapAction) {
     HBL_ASSERT_NAMED(m_state == State::fresh, "The openEnvelope() method can only be called once.");
-    m_soapAction = clean(soapAction, "SOAP action");
     return hblRethrowing("TavelTKMessageWriter::openEnvelope", [&]() -> PLQOutputStream& {
+        m_soapAction = clean(soapAction, "SOAP action");
         m_state = State::envelope;
         if (m_hasAttachments)
             startMultipart();
@@ -139,7 +139,8 @@ void HttpMessageWriter::addAttachment(const char* contentType, const char* encod
 }
 
 std::string* HttpMessageWriter::getNewAttachmentID() {
-    return hblNew<std::string>(HBL_HERE, m_wire.newToken() + "@mrl");
+    return hblRethrowing("TavelTKMessageWriter::getNewAttachmentID",
+                         [&] { return hblNew<std::string>(HBL_HERE, m_wire.newToken() + "@mrl"); });
 }
 
 void HttpMessageWriter::write(std::string_view bytes) {

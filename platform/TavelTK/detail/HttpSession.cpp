@@ -27,12 +27,12 @@ HttpSession::HttpSession(Endpoint endpoint, const char* sessionConfig, int timeL
 
 void HttpSession::setProperty(const std::string& name, int value) {
     HBL_ASSERT_NAMED(!m_writer, "Properties are set before the request is opened.");
-    m_wire.options().set(name, value);
+    hblRethrowing("TavelTKSession::setProperty", [&] { m_wire.options().set(name, value); });
 }
 
 void HttpSession::setProperty(const std::string& name, const std::string& value) {
     HBL_ASSERT_NAMED(!m_writer, "Properties are set before the request is opened.");
-    m_wire.options().set(name, value);
+    hblRethrowing("TavelTKSession::setProperty", [&] { m_wire.options().set(name, value); });
 }
 
 void HttpSession::echo(const char* fileName, const char* mode, int flag) {
@@ -41,8 +41,10 @@ void HttpSession::echo(const char* fileName, const char* mode, int flag) {
 
 TavelTKMessageWriter& HttpSession::openRequest(int hasAttachments) {
     HBL_ASSERT_NAMED(!m_writer, "The openRequest() method can only be called once.");
-    m_wire.start();
-    return m_writer.emplace(m_wire, m_in, m_sessionConfig, hasAttachments != 0);
+    return hblRethrowing("TavelTKSession::openRequest", [&]() -> TavelTKMessageWriter& {
+        m_wire.start();
+        return m_writer.emplace(m_wire, m_in, m_sessionConfig, hasAttachments != 0);
+    });
 }
 
 void HttpSession::closeRequest(TavelTKMessageWriter& writer) {

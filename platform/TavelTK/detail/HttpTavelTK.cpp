@@ -15,12 +15,12 @@ namespace {
 
 void HttpTavelTK::setProperty(const std::string& name, int value) {
     const std::lock_guard lock(m_mutex);
-    m_options.set(name, value);
+    hblRethrowing("TavelTK::setProperty", [&] { m_options.set(name, value); });
 }
 
 void HttpTavelTK::setProperty(const std::string& name, const std::string& value) {
     const std::lock_guard lock(m_mutex);
-    m_options.set(name, value);
+    hblRethrowing("TavelTK::setProperty", [&] { m_options.set(name, value); });
 }
 
 TavelTKSession* HttpTavelTK::newSession(Endpoint endpoint, const char* sessionConfig, int timeLimit) const {
@@ -30,12 +30,15 @@ TavelTKSession* HttpTavelTK::newSession(Endpoint endpoint, const char* sessionCo
 }
 
 TavelTKSession* HttpTavelTK::getSession(char* url, char* sessionConfig, int timeLimit) {
-    return newSession(Endpoint::parse(url), sessionConfig, timeLimit);
+    return hblRethrowing("TavelTK::getSession",
+                         [&] { return newSession(Endpoint::parse(url), sessionConfig, timeLimit); });
 }
 
 TavelTKSession* HttpTavelTK::getSession(const char* host, int port, const char* path, char* sessionConfig,
                                         int timeLimit) {
-    return newSession(Endpoint::of(host, port, path), sessionConfig, timeLimit);
+    return hblRethrowing("TavelTK::getSession", [&] {
+        return newSession(Endpoint::of(host, port, path), sessionConfig, timeLimit);
+    });
 }
 
 TavelTKSession* HttpTavelTK::getSession(HBLIDOM_Element&, char*, int) {

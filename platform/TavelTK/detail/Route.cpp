@@ -1,6 +1,5 @@
 #include "TavelTK/detail/Route.h"
 
-#include "HBLCore/HBLFailure.h"
 #include "TavelTK/TavelTKException.h"
 #include "TavelTK/detail/Headers.h"
 
@@ -8,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 
 namespace mrl::detail {
 
@@ -52,8 +52,8 @@ std::string key(const Route& route, const SessionOptions& options) {
             add(text);
     std::array<unsigned char, EVP_MAX_MD_SIZE> digest;
     unsigned int size = 0;
-    HBL_ASSERT(EVP_Digest(settings.data(), settings.size(), digest.data(), &size, EVP_sha256(), nullptr) ==
-               1);
+    if (EVP_Digest(settings.data(), settings.size(), digest.data(), &size, EVP_sha256(), nullptr) != 1)
+        throw std::bad_alloc();
     name.append(route.target.isTls ? " tls " : " ").append(route.proxy ? "proxy " : "");
     return name.append(digest.begin(), digest.begin() + size);
 }

@@ -39,6 +39,7 @@ TavelTKError errorOf(int verifyError) {
     case X509_V_ERR_UNABLE_TO_VERIFY_LEAF_SIGNATURE:
     case X509_V_ERR_DEPTH_ZERO_SELF_SIGNED_CERT:
     case X509_V_ERR_SELF_SIGNED_CERT_IN_CHAIN:
+    case X509_V_ERR_CERT_SIGNATURE_FAILURE: // another authority of the same name
     case X509_V_ERR_CERT_UNTRUSTED: return TavelTKError::certificateUntrusted;
     default: return TavelTKError::certificateRefused;
     }
@@ -99,6 +100,7 @@ TlsChannel::TlsChannel(std::unique_ptr<SocketChannel> socket, TlsContext context
     SSL_set_ex_data(m_ssl.get(), 0, this);
     SSL_set_verify(m_ssl.get(), m_isChainChecked || settings.verifyHost ? SSL_VERIFY_PEER : SSL_VERIFY_NONE,
                    &TlsChannel::onVerify);
+    SSL_set_cert_cb(m_ssl.get(), &TlsChannel::onCertificateRequest, this);
 
     const bool isNumeric = isAddress(m_host);
     std::string name = m_host;
@@ -167,6 +169,11 @@ int TlsChannel::onVerify(int isGood, X509_STORE_CTX* store) {
     return 0;
 }
 
+int TlsChannel::onCertificateRequest(SSL*, void* self) {
+    static_cast<TlsChannel*>(self)->m_isAsked = true;
+    return 1;
+}
+
 void TlsChannel::judge(X509_STORE_CTX* store) {
     const int code = X509_STORE_CTX_get_error(store);
     std::string cause = X509_verify_cert_error_string(code);
@@ -195,9 +202,13 @@ Attempt TlsChannel::failure(int code) {
         ERR_clear_error();
         return {Attempt::closed, 0, "the peer closed it without ending the TLS session", {}};
     }
-    const TavelTKError error =
-        isAboutCertificate(reason) ? TavelTKError::clientCertificateRefused : TavelTKError::tlsFailed;
-    return {Attempt::failed, 0, takeTlsWords(), error};
+    const bool isRefused =
+        isAboutCertificate(reason) || (m_isAsked && reason == SSL_R_SSLV3_ALERT_HANDSHAKE_FAILURE);
+    if (!isRefused)
+        return {Attempt::failed, 0, takeTlsWords(), TavelTKError::tlsFailed};
+    const bool isGiven = SSL_get_certificate(m_ssl.get()) != nullptr;
+    return {Attempt::failed, 0, takeTlsWords() + (isGiven ? "" : "; none was given (tls-certificate-file)"),
+            TavelTKError::clientCertificateRefused};
 }
 
 Attempt TlsChannel::attempt(int result, std::size_t count) {

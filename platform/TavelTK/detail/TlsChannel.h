@@ -39,6 +39,7 @@ private:
     static int onBioRead(BIO* bio, char* buffer, int size);
     static int onBioWrite(BIO* bio, const char* bytes, int size);
     static int onVerify(int isGood, X509_STORE_CTX* store);
+    static int onCertificateRequest(SSL* ssl, void* self);
 
     void judge(X509_STORE_CTX* store);
     Attempt attempt(int result, std::size_t count);
@@ -51,6 +52,7 @@ private:
     const pid_t m_process;
     Attempt m_last;        // what the socket said last
     Attempt m_verdict;     // what is wrong with the peer's certificate; `moved`: nothing so far
+    bool m_isAsked = false; // for a certificate of this side
     bool m_isOver = false; // after a failure nothing more may be sent
     std::unique_ptr<SSL, Free> m_ssl;
 };
