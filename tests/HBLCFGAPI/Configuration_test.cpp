@@ -1,3 +1,4 @@
+#include "Session/Table.h"
 #include "support/ConfigurationFile.h"
 #include "support/Failure.h"
 
@@ -45,47 +46,14 @@ std::string failureToLoad() {
     return "nothing was thrown";
 }
 
-struct Broken {
-    const char* name;
-    std::string document;
-    const char* failure; ///< its beginning, behind the file
-};
-
-class BrokenFile : public testing::TestWithParam<Broken> {};
-
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(Files, BrokenFile, testing::Values(
-    Broken{"not_closed", "<a>\n  <b>\n</a>", ":3:3: expected an XML document with the root qzn:parameters: "},
-    Broken{"empty", "", ":1:1: expected an XML document with the root qzn:parameters: "},
-    Broken{"document_type", "<!DOCTYPE a [<!ENTITY x SYSTEM \"file:///etc/passwd\">]>\n<a>&x;</a>", ":1:13: expected an XML document"},
-    Broken{"deep", [] { std::string text; for (int i = 0; i < 65; ++i) text += "<a>"; return text; }(), ":1:196: expected an XML document"},
-    Broken{"large", "<a>" + std::string(5U << 20, ' ') + "</a>", ":1:"},
-    Broken{"no_namespace", "<parameters/>", ":1:14: expected the root element <qzn:parameters xmlns:qzn=\"http://developer.vantor.example/schemas/qzconfig/1/\">, found \"parameters\" of the namespace \"\""},
-    Broken{"other_element", ConfigurationFile::withParameters("<qzn:paramter name=\"temp\"/>"), ":2:28: expected qzn:parameter, found \"qzn:paramter\""},
-    Broken{"no_name", ConfigurationFile::withParameters("\n <qzn:parameter\n nmae=\"temp\"/>"), ":4:15: expected an attribute \"name\" with the name of the property in qzn:parameter"},
-    Broken{"no_value", ConfigurationFile::withParameters("<qzn:parameter name=\"temp\"/>"), ":2:29: expected one qzn:value in the parameter \"temp\", found none"},
-    Broken{"two_values", ConfigurationFile::withParameters("<qzn:parameter name=\"temp\"><qzn:value/><qzn:value/></qzn:parameter>"), ":2:28: expected one qzn:value in the parameter \"temp\", found 2"},
-    Broken{"twice", ConfigurationFile::withParameters(ConfigurationFile::parameter("temp", "a") + "\n" + ConfigurationFile::parameter("temp", "b")), ":3:28: expected each property once, found \"temp\" again, first at line 2"},
-    Broken{"text_between", ConfigurationFile::withParameters("temp=/tmp"), ":1:81: expected qzn:parameter elements in qzn:parameters, found the text \"temp=/tmp\""},
-    Broken{"no_flag", ConfigurationFile::withParameters(ConfigurationFile::parameter("encryptTemporaryFiles", "yes")), ":2:45: expected true or false as the value of \"encryptTemporaryFiles\", found \"yes\""},
-    Broken{"tree_for_text", ConfigurationFile::withParameters(ConfigurationFile::parameter("temp", "<qzn:item>a</qzn:item>")), ":2:49: expected a text as the value of \"temp\", found \"qzn:item\""},
-    Broken{"text_for_list", ConfigurationFile::withParameters(ConfigurationFile::parameter("contentManagers", "http://a")), ":2:39: expected qzn:item elements"},
-    Broken{"text_in_tree", ConfigurationFile::withParameters(ConfigurationFile::parameter("CRYPTO", "x<qzn:instances name=\"a\"/>")), ":2:41: expected elements only in qzn:value, found the text \"x\""}
-), [](const auto& tested) { return tested.param.name; });
-// clang-format on
-
-TEST_P(BrokenFile, IsAnErrorWithPlaceAndRemedyEachTime) {
-    const ConfigurationFile file(GetParam().document);
-    for (int attempt = 0; attempt < 2; ++attempt) {
-        const std::string failure = failureToLoad();
-        EXPECT_TRUE(failure.starts_with(GetParam().failure)) << failure;
+TEST(Configuration, RefusesBrokenFilesWithPlaceAndRemedyEachTime) {
+    for (const auto& row : mrl::test::table("broken.txt")) {
+        const ConfigurationFile file(row[0] == "whole" ? row[1] : ConfigurationFile::withParameters(row[1]));
+        for (int attempt = 0; attempt < 2; ++attempt) {
+            const std::string failure = failureToLoad();
+            EXPECT_TRUE(failure.starts_with(row[2])) << failure << " instead of " << row[2];
+        }
     }
-}
-
-TEST(Configuration, TellsHowMuchElseIsWrong) {
-    const ConfigurationFile file(ConfigurationFile::withParameters("<a/>\n<b/>\n<c/>"));
-    EXPECT_EQ(failureToLoad(),
-              ":2:5: expected qzn:parameter, found \"a\" (and 2 more; `mrl config check` lists them)");
 }
 
 TEST(Configuration, GivesTextsTreesAndDefaults) {

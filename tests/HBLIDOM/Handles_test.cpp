@@ -162,4 +162,34 @@ TEST(Helper, FindsElementsByWholeOrLocalNameInTheOrderOfTheDocument) {
     EXPECT_EQ(Helper::matchNamespaceURI(root, "urn:q") + Helper::matchNamespaceURI(root, ""), 1);
 }
 
+TEST(Handles, RemoveChildrenAndFindElementsByNamespace) {
+    const auto document = parsed("<a xmlns:p='urn:p'><b/><p:b i='1'/><c><p:b i='2'/></c></a>");
+    HBLIDOM::Element root = document.getDocumentElement();
+    const HBLIDOM::NodeList found = root.getElementsByTagNameNS("urn:p", "b");
+    ASSERT_EQ(found.getLength(), 2U);
+    EXPECT_EQ(HBLIDOM::Element(found.item(1)).getAttribute("i"), "2");
+    EXPECT_EQ(root.getElementsByTagNameNS("", "b").getLength(), 1U);
+    EXPECT_EQ(root.getElementsByTagNameNS("urn:p", "a").getLength(), 0U); // the root itself does not count
+
+    EXPECT_EQ(root.removeChild(found.item(0)), found.item(0));
+    EXPECT_EQ(found.item(0).getParentNode().isNull(), 1);
+    EXPECT_EQ(root.getElementsByTagNameNS("urn:p", "b").getLength(), 1U);
+    expectDomFailure([&] { root.removeChild(found.item(1)); }, HBLIDOM_DOMException::NOT_FOUND_ERR,
+                     "Node::removeChild on the element \"a\"");
+}
+
+TEST(Handles, ElementsKnowTheirPlaceWhereTheParserKeepsIt) {
+    const std::string text = "<a>\n <b\n i='1'/><c/></a>";
+    HBLIDOM::Document document;
+    ASSERT_EQ(HBLIDOM::Parser(HBLIDOM_Parser::eKeepPlaces).parse(text.data(), text.size(), document), 1);
+    const HBLIDOM::Element root = document.getDocumentElement();
+    EXPECT_EQ(root.getLineNumber(), 1);
+    EXPECT_EQ(root.getColumnNumber(), 4);
+    const HBLIDOM::Element b = HBLIDOM_Helper::findChildElement(root, "b");
+    EXPECT_EQ(b.getLineNumber(), 3);
+    EXPECT_EQ(b.getColumnNumber(), 9);
+    EXPECT_EQ(HBLIDOM::Element(root.getLastChild()).getColumnNumber(), 13);
+    EXPECT_EQ(parsed(text).getDocumentElement().getLineNumber(), 0);
+}
+
 } // namespace

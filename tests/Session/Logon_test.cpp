@@ -1,4 +1,4 @@
-#include "Common/MRLMessageNumbers.h"
+#include "Common/MRLException.h"
 #include "Session/MRLHelper.h"
 #include "Toolkit/MRLDispatcherTransportVar.h"
 #include "Toolkit/MRLDispatcherTransportVarArray.h"
@@ -13,13 +13,16 @@
 #include "support/ConfigurationFile.h"
 #include "support/Failure.h"
 #include "support/FakeBus.h"
+#include "support/KeyStore.h"
 
 #include "HBLCore/HBLSmartPointer.h"
 #include "HBLCore/I18NString.h"
+#include "ZORCrypto/HBLZORCookie.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 #include <thread>
 
@@ -149,6 +152,36 @@ TEST(Headers, ComeFromTexts) {
     text = "<x" + declarations + "\"b:tavelHeader\" xsi:nil=\"true\"/>";
     expectAssert([&] { MRLHelper::getMRLTavelHeaderFromString(text.c_str(), objects.get()); },
                  "HBL_ASSERT(pDeserializedObject != NULL);");
+}
+
+class Cookies : public WithStore {};
+
+TEST_F(Cookies, GiveTheAccessBlockThatTheyCarrySigned) {
+    writeStore(KNOWN_STORE);
+    constexpr const char* DECLARATIONS = " xmlns:b=\"http://developer.vantor.example/schemas/tavel/3/\" "
+                                         "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
+                                         "xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\" xsi:type=";
+    const auto cookie = [](const std::string& xml) {
+        return HBLZORCookie::fromXMLString(xml, std::chrono::hours(1)).getValue();
+    };
+    const auto objects = registry();
+    const auto read = [&](const std::string& value) {
+        return MRLHelper::getMRLZORFromZORCookie(value.c_str(), objects.get());
+    };
+    const std::string good = cookie(std::string("<z") + DECLARATIONS +
+                                    "\"b:ZOR\"><action xsi:type=\"xsd:string\">logon</action></z>");
+    ASSERT_NE(read(good), nullptr);
+    EXPECT_STREQ(read(good)->getAction(), "logon");
+    EXPECT_EQ(read(cookie(std::string("<z") + DECLARATIONS + "\"b:tavelHeader\"/>")), nullptr);
+    EXPECT_THROW(read(cookie("no XML")), MRLException);
+    std::string forged = good;
+    forged[good.size() / 2] = forged[good.size() / 2] == 'A' ? 'B' : 'A';
+    EXPECT_THROW(read(forged), ZORError);
+    expectAssert([&] { read(""); }, "HBL_ASSERT(!zor_cookie_str.empty());");
+    expectAssert([&] { MRLHelper::getMRLZORFromZORCookie(nullptr, nullptr); },
+                 "HBL_ASSERT(zor_cookie != NULL);");
+    expectAssert([&] { MRLHelper::getMRLZORFromZORCookie("", nullptr); },
+                 "HBL_ASSERT(objectRegistry != NULL);");
 }
 
 TEST(Headers, GiveThePassportWhereThereIsOne) {

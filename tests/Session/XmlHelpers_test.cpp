@@ -1,10 +1,12 @@
 #include "Common/HBLI18NBuffer.h"
+#include "Common/MRLException.h"
 #include "Common/MRLExceptionMessage.h"
-#include "Common/MRLMessageNumbers.h"
 #include "Session/MRLHelper.h"
+#include "Session/MRLIPFLogger.h"
 #include "Session/MRLStringDomWriter.h"
 #include "support/ConfigurationFile.h"
 #include "support/Failure.h"
+#include "support/LogHarness.h"
 
 #include "HBLCore/HBLByteBuffer.h"
 #include "HBLCore/HBLUtCrc32.h"
@@ -197,6 +199,41 @@ TEST(XmlHelpers, WriteFailuresAsMessageElements) {
     MRLHelper::writeErrorMessage(out, message, "", "a&b", "c", "", "en", nullptr);
     EXPECT_STREQ(out.str(), "<message type=\"layout\" severity=\"error\" "
                             "title=\"MRLmsgs 0x12345678: a&amp;b, c\" location=\"\"/>");
+}
+
+struct Logged {
+    const char* level;
+    std::vector<int> records;
+};
+
+TEST(XmlHelpers, AuditFailuresAtTheirLevelsInTheLanguageOfTheServer) {
+    for (const auto& [level, records] :
+         {Logged{"30000", {50000, 30000}}, Logged{"50000", {50000}}, Logged{"\"off\"", {}}}) {
+        const ConfigurationFile file(
+            ConfigurationFile::withParameters(ConfigurationFile::parameter("serverLocale", "de")));
+        const mrl::test::LogHarness log(
+            R"({"sinks": {"file": {"type": "file", "path": "log"}}, "loggers": {"Audit": {"level": )" +
+            std::string(level) + R"(, "sinks": ["file"]}}})");
+        const std::unique_ptr<MRLIPFLogger> logger(MRLIPFLogger::create(nullptr));
+        logger->setOperationType("Logon");
+        MRLException failure(0);
+        failure << (MRLHBLMessage(msg::malformedXmlDocument) << 1 << 2);
+        MRLHelper::logException(failure, *logger);
+        HBLIllegalStateError plain(0, "not in a state");
+        MRLHelper::logException(plain, *logger);
+
+        const auto lines = log.lines();
+        ASSERT_EQ(lines.size(), 2 * records.size());
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            const char* const words = i < records.size()
+                                          ? "Das Dokument ist kein wohlgeformtes XML: Zeile 1, Spalte 2."
+                                          : "not in a state";
+            EXPECT_NE(lines[i].find("\"level\":" + std::to_string(records[i % records.size()])),
+                      std::string::npos);
+            EXPECT_NE(lines[i].find(words), std::string::npos) << lines[i];
+            EXPECT_NE(lines[i].find("\"Failure\""), std::string::npos) << lines[i];
+        }
+    }
 }
 
 struct Algorithm {
