@@ -152,7 +152,7 @@ void HBLI18NBuffer::reserve(unsigned int bytes) {
 void HBLI18NBuffer::truncate(unsigned int units) {
     if (units < getCodepoints()) {
         HBL_ASSERT(m_buffer);
-        std::memset(m_buffer + units * UNIT, 0, TERMINATOR);
+        std::memset(m_buffer + std::size_t{units} * UNIT, 0, TERMINATOR);
         m_size = units * UNIT + TERMINATOR;
     }
 }

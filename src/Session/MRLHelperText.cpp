@@ -39,7 +39,7 @@ constexpr auto URL_SAFE = [] {
     std::array<bool, 128> safe{};
     for (const char c :
          std::string_view("()*-.0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ_abcdefghijklmnopqrstuvwxyz")) {
-        safe[static_cast<std::size_t>(c)] = true;
+        safe[static_cast<unsigned char>(c)] = true;
     }
     return safe;
 }();
