@@ -85,6 +85,16 @@ INSTANTIATE_TEST_SUITE_P(
         Malformed{"TwoRoots", envelopeOf("<s:Header/><s:Body><r/></s:Body>") + "<b/>", ""},
         Malformed{"TagsCross", replyWith("<r></a></r>"), ""},
         Malformed{"PrefixUnknown", inHeader("<nobody:a/>"), "nobody"},
+        Malformed{"PrefixOutOfScope", inHeader("<a xmlns:p='urn:p'/><p:a/>"), "'p:a' has a prefix"},
+        Malformed{"PrefixOfAnAttributeUnknown", inHeader("<a nobody:b=''/>"), "'nobody:b' has a prefix"},
+        Malformed{"TwoColons", inHeader("<s:a:b/>"), "'s:a:b' is no qualified name"},
+        Malformed{"EmptyLocalName", inHeader("<s:/>"), ""},
+        Malformed{"PrefixForNothing", inHeader("<a xmlns:p=''/>"), "'p' is declared"},
+        Malformed{"PrefixReserved", inHeader("<a xmlns:xmlns='urn:p'/>"), "'xmlns' is declared"},
+        Malformed{"PrefixXmlBoundAnew", inHeader("<a xmlns:xml='urn:p'/>"), "'xml' is declared"},
+        Malformed{"AttributeTwice", inHeader("<a b='' b=''/>"), "b"},
+        Malformed{"AttributeTwiceByTwoPrefixes",
+                  inHeader("<a xmlns:p='urn:p' xmlns:q='urn:p' p:b='' q:b=''/>"), "given twice"},
         Malformed{"ControlCharacter", replyWith("<r>\x01</r>"), ""},
         Malformed{"WrongCharset", replyWith("<r>\xE4\xF6</r>"), ""},
         Malformed{"UnknownCharset", "<?xml version='1.0' encoding='klingon'?><a/>", ""},
@@ -104,6 +114,24 @@ TEST_P(MalformedReply, IsOneClearFailureHoweverTheBytesArrive) {
         EXPECT_THAT(refusalOf(GetParam().document, chunk), HasSubstr(GetParam().words))
             << "in pieces of " << chunk;
     }
+}
+
+TEST(Hostile, ADeclarationHoldsForItsElementAndThoseInside) {
+    const char* const documents[] = {
+        "<r xmlns='urn:r' i:type='x:string'>a</r>",
+        "<b:r xmlns:b='urn:1' xmlns:y='http://www.w3.org/2001/XMLSchema' i:type='y:string'>a</b:r>",
+        "<r xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:type='x:string'>a</r>",
+    };
+    for (const char* const document : documents) {
+        Call call(TEXT);
+        call.read(replyWith(document), 3);
+        EXPECT_STREQ(static_cast<MRLContentGetActiveContentManager_Reply&>(call.reply()).getResult(), "a")
+            << document;
+    }
+    Call call(TEXT); // and no longer
+    call.read(envelopeOf("<s:Header xmlns:n='urn:n'><n:x xmlns:n='urn:other'><n:y/></n:x></s:Header>"
+                         "<s:Body><r><r xml:space='preserve'>a</r></r></s:Body>"));
+    EXPECT_STREQ(static_cast<MRLContentGetActiveContentManager_Reply&>(call.reply()).getResult(), "a");
 }
 
 TEST(Hostile, ADocumentCutAtEachByteNeverPassesForAWholeOne) {

@@ -24,6 +24,8 @@ namespace {
 /// UTF-16 units of text that the scanner gathers before it hands them on.
 constexpr XMLSize_t textPiece = 64 * 1024;
 
+constexpr std::u16string_view xmlns = u"xmlns";
+
 std::u16string_view viewed(const XMLCh* text) {
     return text == nullptr ? std::u16string_view() : std::u16string_view(text);
 }
@@ -36,7 +38,7 @@ public:
     EnvelopeScanner(EnvelopeReader& reader, xercesc::GrammarResolver& grammars)
         : WFXMLScanner(&reader, nullptr, nullptr, &reader, nullptr, &grammars) {
         setURIStringPool(grammars.getStringPool());
-        setDoNamespaces(true);
+        setDoNamespaces(false); // the reader does them
         setInputBufferSize(textPiece);
     }
     ~EnvelopeScanner() override = default;
@@ -59,8 +61,8 @@ void EnvelopeReader::run(const xercesc::InputSource& source, xercesc::ContentHan
     m_content = &content;
     m_lexical = &lexical;
     m_errors = &errors;
-    m_prefixCounts.clear(); // what a document that failed has left
-    m_prefixes.clear();
+    m_scope.reset(); // what a document that failed has left
+    m_open.clear();
     m_scanner->scanDocument(source);
 }
 
@@ -74,60 +76,139 @@ void EnvelopeReader::endDocument() {
 
 void EnvelopeReader::resetDocument() {}
 
-void EnvelopeReader::startElement(const xercesc::XMLElementDecl& element, const unsigned int uriId,
+void EnvelopeReader::startElement(const xercesc::XMLElementDecl& element, const unsigned int /*uriId*/,
                                   const XMLCh* /*prefix*/,
                                   const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
                                   const XMLSize_t count, const bool isEmpty, const bool /*isRoot*/) {
-    const std::uint32_t prefixes = startPrefixMappings(attributes, count);
-    m_attributes.setVector(&attributes, count, m_scanner.get());
-    const XMLCh* const uri = m_scanner->getURIText(uriId);
-    const XMLCh* const local = element.getBaseName();
-    m_content->startElement(uri, local, element.getFullName(), m_attributes);
+    const std::uint32_t prefixes = declarePrefixes(attributes, count);
+    const Name name = nameOf(element);
+    readAttributes(attributes, count);
+    m_content->startElement(name.uri, name.localName, element.getFullName(), m_attributes);
     if (isEmpty) { // the scanner sends no end
-        m_content->endElement(uri, local, element.getFullName());
-        endPrefixMappings(prefixes);
+        m_content->endElement(name.uri, name.localName, element.getFullName());
+        leavePrefixes(prefixes);
     } else {
-        m_prefixCounts.push_back(prefixes);
+        m_open.push_back({name, prefixes});
     }
 }
 
-void EnvelopeReader::endElement(const xercesc::XMLElementDecl& element, const unsigned int uriId,
+void EnvelopeReader::endElement(const xercesc::XMLElementDecl& element, const unsigned int /*uriId*/,
                                 const bool /*isRoot*/, const XMLCh* /*prefix*/) {
-    m_content->endElement(m_scanner->getURIText(uriId), element.getBaseName(), element.getFullName());
-    endPrefixMappings(m_prefixCounts.back());
-    m_prefixCounts.pop_back();
+    const OpenElement open = m_open.back();
+    m_open.pop_back();
+    m_content->endElement(open.name.uri, open.name.localName, element.getFullName());
+    leavePrefixes(open.prefixes);
 }
 
-std::uint32_t EnvelopeReader::startPrefixMappings(const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
-                                                  XMLSize_t count) {
-    std::uint32_t mappings = 0;
+/// @return how many of the attributes are declarations.
+std::uint32_t EnvelopeReader::declarePrefixes(const Attributes& attributes, XMLSize_t count) {
+    std::uint32_t declared = 0;
     for (XMLSize_t i = 0; i < count; ++i) {
         const xercesc::XMLAttr& attribute = *attributes.elementAt(i);
-        const XMLCh* const leading = attribute.getPrefix() != nullptr && *attribute.getPrefix() != 0
-                                         ? attribute.getPrefix()
-                                         : attribute.getName();
-        if (*leading != u'x') {
+        const XMLCh* const raw = attribute.getName();
+        if (raw[0] != u'x' || raw[1] != u'm') {
             continue; // the most, and known at once
         }
-        const std::u16string_view prefix = viewed(attribute.getPrefix());
-        if (prefix == xercesc::XMLUni::fgXMLNSString) {
-            m_prefixes.emplace_back(viewed(attribute.getName()));
-        } else if (prefix.empty() && viewed(attribute.getName()) == xercesc::XMLUni::fgXMLNSString) {
-            m_prefixes.emplace_back();
+        const std::u16string_view name(raw);
+        if (name == xmlns) {
+            declarePrefix({}, attribute.getValue());
+        } else if (name.starts_with(xmlns) && name[xmlns.size()] == u':') {
+            declarePrefix(name.substr(xmlns.size() + 1), attribute.getValue());
         } else {
             continue;
         }
-        m_content->startPrefixMapping(m_prefixes.back().c_str(), attribute.getValue());
-        ++mappings;
+        ++declared;
     }
-    return mappings;
+    return declared;
 }
 
-void EnvelopeReader::endPrefixMappings(std::uint32_t count) {
-    for (; count > 0; --count) {
-        m_content->endPrefixMapping(m_prefixes.back().c_str());
-        m_prefixes.pop_back();
+void EnvelopeReader::declarePrefix(std::u16string_view prefix, const XMLCh* uri) {
+    const std::u16string_view text(uri);
+    const bool isXml = prefix == u"xml";
+    if (prefix.find(u':') != std::u16string_view::npos) {
+        refuse(prefix, u"is no prefix of a namespace.");
     }
+    if (prefix == xmlns || isXml != (text == xercesc::XMLUni::fgXMLURIName) ||
+        text == xercesc::XMLUni::fgXMLNSURIName) {
+        refuse(prefix, u"is declared as a prefix, or for a namespace, that is reserved.");
+    }
+    if (text.empty() && !prefix.empty()) {
+        refuse(prefix, u"is declared as the prefix of no namespace.");
+    }
+    const XMLCh* const kept = m_scope.declare(prefix, text);
+    m_content->startPrefixMapping(std::u16string(prefix).c_str(), kept);
+}
+
+void EnvelopeReader::leavePrefixes(std::uint32_t count) {
+    for (; count > 0; --count) {
+        m_content->endPrefixMapping(m_scope.leave().c_str());
+    }
+}
+
+EnvelopeReader::Name EnvelopeReader::nameOf(const xercesc::XMLElementDecl& element) {
+    const auto place = reinterpret_cast<std::uintptr_t>(&element) / alignof(xercesc::XMLElementDecl);
+    KnownElement& known = m_elements[place % m_elements.size()];
+    if (known.declaration != &element || known.generation != m_scope.generation()) {
+        const XMLCh* const qName = element.getFullName();
+        const std::u16string_view text(qName);
+        const std::size_t colon = text.find(u':');
+        const bool isPlain = colon == std::u16string_view::npos;
+        known = {&element,
+                 m_scope.generation(),
+                 {isPlain ? m_scope.find({}) : resolve(text, colon), isPlain ? qName : qName + colon + 1}};
+    }
+    return known.name;
+}
+
+void EnvelopeReader::readAttributes(const Attributes& attributes, XMLSize_t count) {
+    m_attributes.clear();
+    for (XMLSize_t i = 0; i < count; ++i) {
+        const xercesc::XMLAttr& attribute = *attributes.elementAt(i);
+        const Name name = attributeName(attribute.getName(), i);
+        m_attributes.add({name.uri, name.localName, attribute.getName(), attribute.getValue()});
+    }
+    if (count > 1 && m_scope.hasAliases() && m_attributes.hasRepeated()) {
+        refuse(attributes.elementAt(0)->getName(), u"stands in an element with an attribute given twice.");
+    }
+}
+
+EnvelopeReader::Name EnvelopeReader::attributeName(const XMLCh* qName, std::size_t index) {
+    KnownAttribute& known = m_knownAttributes[index % m_knownAttributes.size()];
+    if (known.generation != m_scope.generation() || known.qName != qName) {
+        const std::u16string_view text(qName);
+        const std::size_t colon = text.find(u':');
+        const bool isPlain = colon == std::u16string_view::npos;
+        if (isPlain) { // no namespace, whatever the default
+            known.uri = text == xmlns ? xercesc::XMLUni::fgXMLNSURIName : xercesc::XMLUni::fgZeroLenString;
+        } else {
+            known.uri = text.starts_with(xmlns) && colon == xmlns.size() ? xercesc::XMLUni::fgXMLNSURIName
+                                                                         : resolve(text, colon);
+        }
+        known.localName = isPlain ? 0 : colon + 1;
+        known.qName = text;
+        known.generation = m_scope.generation();
+    }
+    return {known.uri, qName + known.localName};
+}
+
+/// The namespace of a name with a prefix.
+const XMLCh* EnvelopeReader::resolve(std::u16string_view qName, std::size_t colon) {
+    if (colon == 0 || colon + 1 == qName.size() || qName.find(u':', colon + 1) != std::u16string_view::npos) {
+        refuse(qName, u"is no qualified name.");
+    }
+    const XMLCh* const uri = m_scope.find(qName.substr(0, colon));
+    if (uri == nullptr) {
+        refuse(qName, u"has a prefix that is not declared.");
+    }
+    return uri;
+}
+
+void EnvelopeReader::refuse(std::u16string_view name, const char16_t* why) {
+    std::u16string text = u"The name '";
+    text.append(name).append(u"' ").append(why);
+    const xercesc::SAXParseException failure(text.c_str(), *m_scanner->getLocator());
+    m_errors->fatalError(failure);
+    throw failure; // whatever the handler does
 }
 
 void EnvelopeReader::docCharacters(const XMLCh* chars, const XMLSize_t length, const bool /*isCdata*/) {
