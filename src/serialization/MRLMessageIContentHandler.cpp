@@ -309,7 +309,7 @@ void MRLMessageIContentHandler::createInner(const Element& element, MRLSchemaTyp
         HBL_HERE, element.localName, *element.attributes, m_inScopePrefixMappings, expected, m_objectRegistry,
         m_converter));
     m_schemaTypeContentHandler->setAttachmentHandler(m_attachmentHandler);
-    m_schemaTypeContentHandler->setKeepsUris();
+    m_schemaTypeContentHandler->setKeepsNames();
 }
 
 /// The first element is bound by its position and may carry any name; the others by their names.

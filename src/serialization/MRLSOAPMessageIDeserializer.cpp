@@ -7,8 +7,8 @@
 #include "serialization/MRLSOAPFaultException.h"
 #include "serialization/MRLXMLChConstants.h"
 #include "serialization/detail/EnvelopeGuard.h"
-#include "serialization/detail/EnvelopeReader.h"
 #include "serialization/detail/GuardedInput.h"
+#include "serialization/detail/LentReader.h"
 #include "serialization/detail/Throw.h"
 
 #include "HBLCore/HBLFailure.h"
@@ -22,10 +22,12 @@
 #include <string>
 
 using mrl::detail::EnvelopeGuard;
-using mrl::detail::EnvelopeReader;
+using mrl::detail::LentReader;
 using mrl::detail::throwFailure;
 
 namespace {
+
+constexpr std::uint64_t LARGE_DOCUMENT = 1024 * 1024; // bytes; its names and buffers are not worth keeping
 
 constexpr const char* PARSE = "MRLSOAPMessageIDeserializer::parse";
 constexpr const char* PARSE_CALL = "MRLSOAPMessageIDeserializer::parse()";
@@ -102,7 +104,10 @@ void MRLSOAPMessageIDeserializer::run(PLQInputStream& stream, MRLMessageIContent
     handler.setAttachmentHandler(m_attachmentHandler);
     mrl::detail::GuardedInput input(stream, m_limits);
     EnvelopeGuard guard(handler, input, m_limits);
-    EnvelopeReader reader;
-    reader.parse(PLQStreamInputSource(input), guard);
+    LentReader reader;
+    reader->parse(PLQStreamInputSource(input), guard);
     input.rethrowFailure();
+    if (input.bytes() < LARGE_DOCUMENT) {
+        reader.giveBack();
+    }
 }

@@ -159,14 +159,23 @@ void MRLSchemaTypeIContentHandler::startElement(const XMLCh* /*uri*/, const XMLC
 /// The name of an element: from the map, or worked out in `spare` when the map has no room for it.
 const MRLSchemaTypeIContentHandler::Name* MRLSchemaTypeIContentHandler::nameOf(const XMLCh* localname,
                                                                                Name& spare) {
-    const std::u16string_view text(localname);
-    if (const Name* const known = m_names.find(text)) {
-        return known;
+    const auto place = reinterpret_cast<std::uintptr_t>(localname) / alignof(XMLCh);
+    KnownName& known = m_knownNames[(place ^ (place >> 6)) % m_knownNames.size()];
+    if (m_keepsNames && known.place == localname) {
+        return known.name;
     }
-    spare.text = convert(localname).get();
-    spare.key = HBLUtCrc32::crc32(spare.text.c_str(), 0u);
-    const Name* const added = m_names.add(text, spare);
-    return added != nullptr ? added : &spare;
+    const std::u16string_view text(localname);
+    const Name* name = m_names.find(text);
+    if (name == nullptr) {
+        spare.text = convert(localname).get();
+        spare.key = HBLUtCrc32::crc32(spare.text.c_str(), 0u);
+        name = m_names.add(text, spare);
+    }
+    if (name == nullptr) {
+        return &spare;
+    }
+    known = {localname, name};
+    return name;
 }
 
 void MRLSchemaTypeIContentHandler::refuseInEmptyElement() {

@@ -7,6 +7,7 @@
 #include "serialization/detail/ElementStack.h"
 #include "serialization/detail/TextMap.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -56,9 +57,9 @@ public:
     /// Takes the references to attachments; borrowed, null for none.
     void setAttachmentHandler(MRL_AttachmentHandler* handler) { m_attachmentHandler = handler; }
 
-    /// The source of the events keeps one copy of each namespace name for as long as the document lasts, as
-    /// the parser does, so that names once compared are known by their place.
-    void setKeepsUris() { m_keepsUris = true; }
+    /// The source of the events keeps each name of an element and of a namespace in one place for as long as
+    /// the document lasts, as the parser does, so that names once compared are known by their place.
+    void setKeepsNames() { m_keepsNames = true; }
 
 private:
     using ElementEntry = mrl::detail::ElementEntry;
@@ -68,6 +69,11 @@ private:
     struct Name {
         std::string text;
         std::uint32_t key = 0; // HBLUtCrc32
+    };
+
+    struct KnownName {
+        const XMLCh* place = nullptr;
+        const Name* name = nullptr;
     };
 
     /// The attributes of an element that mean something here; null for those that it has not.
@@ -131,8 +137,9 @@ private:
     std::string m_typeName; // kept for its room
     Name m_spareName;       // of an element whose name m_names has no room for
     mrl::detail::TextMap<Name> m_names;
+    std::array<KnownName, 64> m_knownNames;       // where the source keeps names: by their place
     mrl::detail::TextMap<ObjectType, 64> m_types; // as they are written, while the prefixes stand
-    bool m_keepsUris = false;
+    bool m_keepsNames = false;
     const XMLCh* m_instanceUri = nullptr; // where the source keeps the names of these two
     const XMLCh* m_encodingUri = nullptr;
 };

@@ -36,7 +36,7 @@ bool isTrue(std::u16string_view value) {
 /// once is equal again.
 bool MRLSchemaTypeIContentHandler::isSpace(const XMLCh* uri, const std::u16string& space,
                                            const XMLCh*& known) const {
-    if (uri == known && m_keepsUris) {
+    if (uri == known && m_keepsNames) {
         return true;
     }
     if (space != uri) {

@@ -26,6 +26,8 @@ public:
     /// The parser has made something of the bytes so far.
     void noteProgress() { m_bytesAtProgress = m_bytes; }
 
+    std::uint64_t bytes() const { return m_bytes; }
+
     /// Throws the failure that ended the document, if one did.
     void rethrowFailure() const {
         if (m_failure) {

@@ -38,6 +38,10 @@ public:
     void setValue(int value);
     void resetValue();
 
+protected:
+    /// setChildObject() behind its checks: of this class or one above it, by the CRC-32 of the name.
+    std::size_t setMember(std::uint32_t key, void* obj, const ObjectType& type);
+
 private:
     std::size_t getChildObjectCount() const override;
 

@@ -42,6 +42,10 @@ public:
     void setNestingLevel(int value);
     void resetNestingLevel();
 
+protected:
+    /// setChildObject() behind its checks: of this class or one above it, by the CRC-32 of the name.
+    std::size_t setMember(std::uint32_t key, void* obj, const ObjectType& type);
+
 private:
     std::size_t getChildObjectCount() const override;
 

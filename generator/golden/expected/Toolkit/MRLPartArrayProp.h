@@ -37,6 +37,10 @@ public:
     /// value: The value as the store has it.
     MRLPartArray& getValue() const;
 
+protected:
+    /// setChildObject() behind its checks: of this class or one above it, by the CRC-32 of the name.
+    std::size_t setMember(std::uint32_t key, void* obj, const ObjectType& type);
+
 private:
     std::size_t getChildObjectCount() const override;
 

@@ -104,10 +104,13 @@ std::size_t MRLTavelHeader::setChildObject(const char* name, void* obj, const Ob
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLTavelHeader::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x6CEE1166: // ZOR
         detail::setObject(m_data->ZOR, obj, type, owner, key);
@@ -168,15 +171,18 @@ MRLSchemaTypeI::ObjectType MRLZOR::getChildType(const char* name) const {
     }
 }
 
-std::size_t MRLZOR::setChildObject(const char* name, void* obj, const ObjectType& /*type*/,
+std::size_t MRLZOR::setChildObject(const char* name, void* obj, const ObjectType& type,
                                    std::size_t* /*index*/) {
     HBL_ASSERT(name);
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLZOR::setMember(std::uint32_t key, void* /*obj*/, const ObjectType& /*type*/) {
     if (m_data == nullptr)
         return 0;
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0xB63E2EC7: detail::refuseArrayMember("roles", s_className);
     default: return 0;
@@ -245,10 +251,13 @@ std::size_t MRLZORException::setChildObject(const char* name, void* obj, const O
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLZORException::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0xD8E3770A: // errorCodeString
         detail::setText(m_data->errorCodeString, obj, type, owner, key);
@@ -317,15 +326,18 @@ MRLSchemaTypeI::ObjectType MRLPromptInfo::getChildType(const char* name) const {
     }
 }
 
-std::size_t MRLPromptInfo::setChildObject(const char* name, void* obj, const ObjectType& /*type*/,
+std::size_t MRLPromptInfo::setChildObject(const char* name, void* obj, const ObjectType& type,
                                           std::size_t* /*index*/) {
     HBL_ASSERT(name);
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLPromptInfo::setMember(std::uint32_t key, void* /*obj*/, const ObjectType& /*type*/) {
     if (m_data == nullptr)
         return 0;
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x26202695: detail::refuseArrayMember("captions", s_className);
     default: return 0;
@@ -394,10 +406,13 @@ std::size_t MRLFaultDetail::setChildObject(const char* name, void* obj, const Ob
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLFaultDetail::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0xE9ACC930: // errorCode
         detail::setText(m_data->errorCode, obj, type, owner, key);
@@ -474,10 +489,13 @@ std::size_t MRLFaultDetailMessage::setChildObject(const char* name, void* obj, c
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLFaultDetailMessage::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0xB6BD307F: // message
         detail::setText(m_data->message, obj, type, owner, key);
@@ -551,10 +569,13 @@ std::size_t MRLMessage::setChildObject(const char* name, void* obj, const Object
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLMessage::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0xEC8CA4E8: // messageString
         detail::setText(m_data->messageString, obj, type, owner, key);
@@ -626,10 +647,13 @@ std::size_t MRLSchemaInfo::setChildObject(const char* name, void* obj, const Obj
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLSchemaInfo::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x7810C99B: // modifiable
         detail::setNullable(m_data->modifiable, obj, type, eBoolean, owner, key);
@@ -692,10 +716,13 @@ std::size_t MRLThing::setChildObject(const char* name, void* obj, const ObjectTy
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLThing::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x5E237E06: // name
         detail::setText(m_data->name, obj, type, owner, key);
@@ -779,15 +806,18 @@ MRLSchemaTypeI::ObjectType MRLGadget::getChildType(const char* name) const {
 }
 
 std::size_t MRLGadget::setChildObject(const char* name, void* obj, const ObjectType& type,
-                                      std::size_t* index) {
+                                      std::size_t* /*index*/) {
     HBL_ASSERT(name);
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLGadget::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x4B1EFC02: // active
         detail::setNullable(m_data->active, obj, type, eBoolean, owner, key);
@@ -819,7 +849,7 @@ std::size_t MRLGadget::setChildObject(const char* name, void* obj, const ObjectT
     case 0xC22FE15E: // total
         detail::setNullable(m_data->total, obj, type, eInteger, owner, key);
         return 0;
-    default: return MRLThing::setChildObject(name, obj, type, index);
+    default: return MRLThing::setMember(key, obj, type);
     }
 }
 
@@ -927,10 +957,13 @@ std::size_t MRLPart::setChildObject(const char* name, void* obj, const ObjectTyp
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLPart::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0xF54DE50F: // height
         detail::setNullable(m_data->height, obj, type, eInt, owner, key);
@@ -1000,10 +1033,13 @@ std::size_t MRLLabel::setChildObject(const char* name, void* obj, const ObjectTy
                                      std::size_t* /*index*/) {
     HBL_ASSERT(name);
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLLabel::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x00000000: // the text itself
         detail::setText(m_data->value, obj, type, owner, key);
@@ -1062,15 +1098,18 @@ MRLSchemaTypeI::ObjectType MRLBox::getChildType(const char* name) const {
     }
 }
 
-std::size_t MRLBox::setChildObject(const char* name, void* obj, const ObjectType& /*type*/,
+std::size_t MRLBox::setChildObject(const char* name, void* obj, const ObjectType& type,
                                    std::size_t* /*index*/) {
     HBL_ASSERT(name);
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLBox::setMember(std::uint32_t key, void* /*obj*/, const ObjectType& /*type*/) {
     if (m_data == nullptr)
         return 0;
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x6FE451BD: detail::refuseArrayMember("things", s_className);
     default: return 0;
@@ -1128,6 +1167,10 @@ std::size_t MRLMarker::setChildObject(const char* name, void* obj, const ObjectT
     return 0;
 }
 
+std::size_t MRLMarker::setMember(std::uint32_t /*key*/, void* /*obj*/, const ObjectType& /*type*/) {
+    return 0;
+}
+
 void MRLMarker::getChildObjectNames(std::vector<const char*>& /*names*/, bool /*reserve*/) const {}
 
 std::size_t MRLMarker::getChildObjectCount() const {
@@ -1181,10 +1224,13 @@ std::size_t MRLSwap::setChildObject(const char* name, void* obj, const ObjectTyp
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLSwap::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0xB61F1169: // second
         detail::setText(m_data->second, obj, type, owner, key);

@@ -71,10 +71,13 @@ std::size_t MRLBaseProp::setChildObject(const char* name, void* obj, const Objec
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLBaseProp::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x1B5D30CC: // schemaInfo
         detail::setObject(m_data->schemaInfo, obj, type, owner, key);
@@ -138,21 +141,24 @@ MRLSchemaTypeI::ObjectType MRLRefProp::getChildType(const char* name) const {
 }
 
 std::size_t MRLRefProp::setChildObject(const char* name, void* obj, const ObjectType& type,
-                                       std::size_t* index) {
+                                       std::size_t* /*index*/) {
     HBL_ASSERT(name);
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLRefProp::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x87C331C7: detail::refuseArrayMember("properties", s_className);
     case 0x248A0C64: // refPropName
         detail::setObject(m_data->refPropName, obj, type, owner, key);
         return 0;
-    default: return MRLBaseProp::setChildObject(name, obj, type, index);
+    default: return MRLBaseProp::setMember(key, obj, type);
     }
 }
 
@@ -213,20 +219,23 @@ MRLSchemaTypeI::ObjectType MRLBooleanProp::getChildType(const char* name) const 
 }
 
 std::size_t MRLBooleanProp::setChildObject(const char* name, void* obj, const ObjectType& type,
-                                           std::size_t* index) {
+                                           std::size_t* /*index*/) {
     HBL_ASSERT(name);
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLBooleanProp::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x1D775834: // value
         detail::setNullable(m_data->value, obj, type, eBoolean, owner, key);
         return 0;
-    default: return MRLBaseProp::setChildObject(name, obj, type, index);
+    default: return MRLBaseProp::setMember(key, obj, type);
     }
 }
 
@@ -285,20 +294,23 @@ MRLSchemaTypeI::ObjectType MRLDecimalProp::getChildType(const char* name) const 
 }
 
 std::size_t MRLDecimalProp::setChildObject(const char* name, void* obj, const ObjectType& type,
-                                           std::size_t* index) {
+                                           std::size_t* /*index*/) {
     HBL_ASSERT(name);
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLDecimalProp::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x1D775834: // value
         detail::setNullable(m_data->value, obj, type, eDecimal, owner, key);
         return 0;
-    default: return MRLBaseProp::setChildObject(name, obj, type, index);
+    default: return MRLBaseProp::setMember(key, obj, type);
     }
 }
 
@@ -357,17 +369,20 @@ MRLSchemaTypeI::ObjectType MRLPartArrayProp::getChildType(const char* name) cons
 }
 
 std::size_t MRLPartArrayProp::setChildObject(const char* name, void* obj, const ObjectType& type,
-                                             std::size_t* index) {
+                                             std::size_t* /*index*/) {
     HBL_ASSERT(name);
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLPartArrayProp::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x1D775834: detail::refuseArrayMember("value", s_className);
-    default: return MRLBaseProp::setChildObject(name, obj, type, index);
+    default: return MRLBaseProp::setMember(key, obj, type);
     }
 }
 
@@ -426,20 +441,23 @@ MRLSchemaTypeI::ObjectType MRLStringProp::getChildType(const char* name) const {
 }
 
 std::size_t MRLStringProp::setChildObject(const char* name, void* obj, const ObjectType& type,
-                                          std::size_t* index) {
+                                          std::size_t* /*index*/) {
     HBL_ASSERT(name);
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLStringProp::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x1D775834: // value
         detail::setText(m_data->value, obj, type, owner, key);
         return 0;
-    default: return MRLBaseProp::setChildObject(name, obj, type, index);
+    default: return MRLBaseProp::setMember(key, obj, type);
     }
 }
 
@@ -498,20 +516,23 @@ MRLSchemaTypeI::ObjectType MRLThingProp::getChildType(const char* name) const {
 }
 
 std::size_t MRLThingProp::setChildObject(const char* name, void* obj, const ObjectType& type,
-                                         std::size_t* index) {
+                                         std::size_t* /*index*/) {
     HBL_ASSERT(name);
     if (*name == '\0')
         return 0;
     HBL_ASSERT(obj != NULL);
+    return setMember(detail::childKey(name), obj, type);
+}
+
+std::size_t MRLThingProp::setMember(std::uint32_t key, void* obj, const ObjectType& type) {
     if (m_data == nullptr)
         return 0;
     constexpr auto owner = static_cast<std::uint32_t>(s_objectType);
-    const std::uint32_t key = detail::childKey(name);
     switch (key) {
     case 0x1D775834: // value
         detail::setObject(m_data->value, obj, type, owner, key);
         return 0;
-    default: return MRLBaseProp::setChildObject(name, obj, type, index);
+    default: return MRLBaseProp::setMember(key, obj, type);
     }
 }
 
