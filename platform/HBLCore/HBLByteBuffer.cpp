@@ -60,6 +60,14 @@ void HBLByteBuffer::grow(std::size_t capacity) {
     m_capacity = capacity;
 }
 
+void HBLByteBuffer::assignExactly(std::string_view text) {
+    m_length = 0;
+    grow(text.size());
+    text.copy(m_pBuffer, text.size());
+    m_length = text.size();
+    m_pBuffer[m_length] = '\0';
+}
+
 void HBLByteBuffer::reserve(std::size_t size) {
     if (m_pBuffer && size <= m_capacity - m_length)
         return;

@@ -42,6 +42,10 @@ public:
     HBLByteBuffer& operator<<(int number);
     HBLByteBuffer& operator<<(const HBLByteBuffer& other);
 
+    /// Replaces what is held by `text`, in a block with no room to spare: for bytes that are kept. `text`
+    /// must not lie in this buffer.
+    void assignExactly(std::string_view text);
+
     /// Makes room for `size` more bytes.
     void reserve(std::size_t size);
     /// Cuts to `length` bytes, or claims bytes written into reserved room; room not reserved before

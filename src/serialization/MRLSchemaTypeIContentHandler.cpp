@@ -289,11 +289,8 @@ ElementEntry& MRLSchemaTypeIContentHandler::pushNew(const ElementName& name, Obj
 
 void MRLSchemaTypeIContentHandler::freshText() {
     m_halfPair = 0;
-    if (m_currentText) {
-        m_currentText->reset();
-    } else {
-        m_currentText.reset(hblNew<MRL_String>(HBL_HERE));
-    }
+    m_currentText.reset();
+    m_hasText = true;
 }
 
 void MRLSchemaTypeIContentHandler::characters(const XMLCh* chars, XMLSize_t length) {
@@ -307,23 +304,23 @@ void MRLSchemaTypeIContentHandler::characters(const XMLCh* chars, XMLSize_t leng
         HBL_ASSERT(m_objStack.size() > 0);
         throwFailure(HBL_HERE, CHARACTERS, msg::textInReference, m_objStack.back()->nameText(), *m_contentId);
     }
-    if (!m_currentText || length == 0 || (!m_objStack.empty() && !m_objStack.back()->takesText)) {
+    if (!m_hasText || length == 0 || (!m_objStack.empty() && !m_objStack.back()->takesText)) {
         return;
     }
     std::u16string_view text(chars, length);
     const auto append = [this](std::u16string_view piece) {
-        const std::size_t before = m_currentText->pcount();
+        const std::size_t before = m_currentText.pcount();
         const std::size_t plain = mrl::detail::asciiUnits(piece);
         const std::size_t others = plain == piece.size() ? 0 : mrl::detail::utf8Length(piece.substr(plain));
-        m_currentText->reserve(plain + others);
-        char* const out = m_currentText->str() + before;
+        m_currentText.reserve(plain + others);
+        char* const out = m_currentText.str() + before;
         for (std::size_t i = 0; i < plain; ++i) {
             out[i] = static_cast<char>(piece[i]);
         }
         if (others != 0) {
             mrl::detail::toUtf8(piece.substr(plain), out + plain);
         }
-        m_currentText->setLength(before + plain + others);
+        m_currentText.setLength(before + plain + others);
     };
     if (m_halfPair != 0) {
         const std::u16string pair{m_halfPair, text.front()};

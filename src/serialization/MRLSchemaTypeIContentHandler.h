@@ -119,7 +119,7 @@ private:
     // Values (MRLSchemaTypeIContentHandlerValues.cpp)
     void* newValue(ObjectType type);
     void setCurrentCharacterData(ElementEntry& entry);
-    void adoptText(ElementEntry& entry);
+    MRL_String* takeText();
     void setOwnText(ElementEntry& entry);
     void setInParent(const ElementEntry& entry, MRLSchemaTypeI& parent);
 
@@ -128,8 +128,9 @@ private:
     MRLObjectRegistryI* m_objectRegistry; // borrowed
     std::optional<std::string> m_nilElementName;
     std::optional<std::string> m_contentId;
-    std::unique_ptr<MRL_String> m_currentText;
-    char16_t m_halfPair = 0; // a leading unit whose other half comes with the next characters
+    MRL_String m_currentText; // of the innermost element
+    bool m_hasText = false;   // and it still gathers
+    char16_t m_halfPair = 0;  // a leading unit whose other half comes with the next characters
     MRL_AttachmentHandler* m_attachmentHandler = nullptr; // borrowed
     bool m_credentialSeen = false;
     MRLSchemaTypeI* m_credential = nullptr; // borrowed from the registry

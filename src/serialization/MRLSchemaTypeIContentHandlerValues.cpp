@@ -16,14 +16,15 @@
 #include <clocale>
 #include <cstdlib>
 #include <locale.h> // strtod_l
+#include <memory>
 #include <string_view>
+#include <utility>
 
 using mrl::detail::adopted;
 using mrl::detail::throwFailure;
 using mrl::detail::toBoolean;
 
 namespace {
-
 
 /// @param name the element, for the failure.
 /// @throws MRLException when `text` holds anything but digits and `others`.
@@ -83,7 +84,7 @@ void* MRLSchemaTypeIContentHandler::newValue(ObjectType type) {
 }
 
 void MRLSchemaTypeIContentHandler::setCurrentCharacterData(ElementEntry& entry) {
-    if (!m_currentText) {
+    if (!m_hasText) {
         return;
     }
     const char* const name = entry.nameText();
@@ -94,41 +95,49 @@ void MRLSchemaTypeIContentHandler::setCurrentCharacterData(ElementEntry& entry) 
     case MRLSchemaTypeI::eQName:
     case MRLSchemaTypeI::eAnyType:
         HBL_ASSERT(!currentObj);
-        adoptText(entry);
+        entry.setParamValue(takeText());
         return;
     case MRLSchemaTypeI::eInt:
     case MRLSchemaTypeI::eInteger:
-        m_currentText->trim();
-        requireOnly(m_currentText->view(), " +-", name, "int");
-        *static_cast<int*>(currentObj) = toInt(m_currentText->str());
+        m_currentText.trim();
+        requireOnly(m_currentText.view(), " +-", name, "int");
+        *static_cast<int*>(currentObj) = toInt(m_currentText.str());
         break;
     case MRLSchemaTypeI::eDecimal:
     case MRLSchemaTypeI::eFloat:
-        m_currentText->trim();
-        requireOnly(m_currentText->view(), " +-.DEde", name, "float");
-        *static_cast<float*>(currentObj) = toFloat(m_currentText->str());
+        m_currentText.trim();
+        requireOnly(m_currentText.view(), " +-.DEde", name, "float");
+        *static_cast<float*>(currentObj) = toFloat(m_currentText.str());
         break;
     case MRLSchemaTypeI::eBoolean:
-        m_currentText->trim();
-        *static_cast<int*>(currentObj) = toBoolean(m_currentText->view(), name);
+        m_currentText.trim();
+        *static_cast<int*>(currentObj) = toBoolean(m_currentText.view(), name);
         break;
     case MRLSchemaTypeI::eBase64Binary:
-        m_currentText->trim();
-        decodeBase64(m_currentText->view(), *static_cast<MRLBase64Binary*>(currentObj));
+        m_currentText.trim();
+        decodeBase64(m_currentText.view(), *static_cast<MRLBase64Binary*>(currentObj));
         break;
     default:
         HBL_ASSERT(currentObj);
         setOwnText(entry);
         break;
     }
-    if (m_currentText) {
-        m_currentText->reset();
-    }
+    m_currentText.reset();
 }
 
-void MRLSchemaTypeIContentHandler::adoptText(ElementEntry& entry) {
-    m_objectRegistry->registerPointer(m_currentText.get());
-    entry.setParamValue(m_currentText.release());
+/// The text as a value of its own, which the registry owns. A short one gets the room it needs and no more,
+/// since most of a reply is short texts.
+MRL_String* MRLSchemaTypeIContentHandler::takeText() {
+    constexpr std::size_t shortText = 4096;
+    std::unique_ptr<MRL_String> text(hblNew<MRL_String>(HBL_HERE));
+    if (m_currentText.pcount() < shortText) {
+        text->assignExactly(m_currentText.view());
+    } else {
+        std::swap(*text, m_currentText);
+    }
+    m_objectRegistry->registerPointer(text.get());
+    m_hasText = false;
+    return text.release();
 }
 
 /// Gives the text to an object that has a text of its own. Most have none, and then the text, white
@@ -146,9 +155,7 @@ void MRLSchemaTypeIContentHandler::setOwnText(ElementEntry& entry) {
             return;
         }
     }
-    MRL_String* const text = m_currentText.get();
-    m_objectRegistry->registerPointer(text);
-    m_currentText.release();
+    MRL_String* const text = takeText();
     const std::size_t index = object.setChildObject("", text, MRLSchemaTypeI::eString, nullptr);
     if (m_contentId) {
         // The text is interface, and stands in one piece.
