@@ -47,7 +47,8 @@ layering:
 	@scripts/check-layering
 
 bench: PRESET := release
-bench: setup
+bench:
+	@./setup --bench
 	@cmake --preset release --log-level=NOTICE
 	@cmake --build --preset release -j $(JOBS)
 	@scripts/bench build/release/bin

@@ -1,5 +1,6 @@
 // Writing and reading a reply of report objects, beside rivals that get the same objects and the same bytes:
-// the bare parser with an empty handler, a writer made by hand for just these objects, a copy of the bytes.
+// the bare parser with an empty handler, a writer made by hand for just these objects, a copy of the bytes,
+// and gSOAP with as many types where it is installed.
 #include "Toolkit/MRLBaseClassArray.h"
 #include "Toolkit/MRLBooleanProp.h"
 #include "Toolkit/MRLContentManagerServicePortType.h"
@@ -28,6 +29,10 @@
 #include <xercesc/sax2/XMLReaderFactory.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLUni.hpp>
+
+#ifdef MRL_WITH_GSOAP
+#include "gsoap/Peer.h"
+#endif
 
 #include <algorithm>
 #include <charconv>
@@ -237,6 +242,29 @@ void WriteByHand(benchmark::State& state) {
     measure(state, bytes.size(), step);
 }
 
+#ifdef MRL_WITH_GSOAP
+void ReadGsoap(benchmark::State& state) {
+    const std::string bytes = bytesOf(state.range(0));
+    if (mrl::bench::GsoapPeer::readAll(bytes) != state.range(0)) {
+        state.SkipWithError("gSOAP did not read all objects");
+        return;
+    }
+    measure(state, bytes.size(), [&] { mrl::bench::GsoapPeer::readAll(bytes); });
+}
+
+void WriteGsoap(benchmark::State& state) {
+    mrl::bench::GsoapPeer peer;
+    peer.read(bytesOf(state.range(0)));
+    std::string out;
+    peer.write(out);
+    measure(state, out.size(), [&] {
+        out.clear();
+        peer.write(out);
+        benchmark::DoNotOptimize(out.data());
+    });
+}
+#endif
+
 void Copy(benchmark::State& state) {
     const std::string bytes = bytesOf(state.range(0));
     std::string target(bytes.size(), '\0');
@@ -259,6 +287,10 @@ BENCHMARK(Read)->Apply(sizes);
 BENCHMARK(ParseBare)->Apply(sizes);
 BENCHMARK(ParseDefault)->Apply(sizes);
 BENCHMARK(Copy)->Apply(sizes);
+#ifdef MRL_WITH_GSOAP
+BENCHMARK(ReadGsoap)->Apply(sizes);
+BENCHMARK(WriteGsoap)->Apply(sizes);
+#endif
 
 } // namespace
 
@@ -270,6 +302,8 @@ int main(int argc, char** argv) {
     reporter.compare("Read", "ParseDefault");
     reporter.compare("Write", "WriteByHand", 5);
     reporter.compare("Write", "Copy");
+    reporter.compare("Read", "ReadGsoap", 0.9);
+    reporter.compare("Write", "WriteGsoap", 0.7);
     reporter.compareScale("Read", 20000, 1000, 1.15);
     reporter.compareScale("Write", 20000, 1000, 1.15);
     benchmark::RunSpecifiedBenchmarks(&reporter);
