@@ -1,5 +1,6 @@
 #include "Common/MRLException.h"
 #include "Session/MRLHelper.h"
+#include "Session/Table.h"
 #include "Toolkit/MRLDispatcherTransportVar.h"
 #include "Toolkit/MRLDispatcherTransportVarArray.h"
 #include "Toolkit/MRLFormFieldVar.h"
@@ -23,23 +24,16 @@
 
 #include <algorithm>
 #include <chrono>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace {
 
 using mrl::test::FakeBus;
-
-constexpr const char* REQUEST =
-    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-    "<SOAP-ENV:Envelope xmlns:SOAP-ENV=\"http://schemas.xmlsoap.org/soap/envelope/\" "
-    "xmlns:SOAP-ENC=\"http://schemas.xmlsoap.org/soap/encoding/\" "
-    "xmlns:bus=\"http://developer.vantor.example/schemas/tavel/3/\" "
-    "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\" "
-    "SOAP-ENV:encodingStyle=\"http://schemas.xmlsoap.org/soap/encoding/\">"
-    "<SOAP-ENV:Header><bus:tavelHeader xsi:type=\"bus:tavelHeader\"><bus:ZOR xsi:type=\"bus:ZOR\">"
-    "<bus:action xsi:type=\"xsd:string\">logon</bus:action></bus:ZOR></bus:tavelHeader></SOAP-ENV:Header>"
-    "<SOAP-ENV:Body></SOAP-ENV:Body></SOAP-ENV:Envelope>";
 
 /// A reply with that in its header.
 std::string reply(const std::string& header) {
@@ -58,46 +52,26 @@ HBLSmartPointer<MRLObjectRegistryI> registry() {
     return HBLSmartPointer<MRLObjectRegistryI>(MRLObjectRegistryFactory::getInstance().create());
 }
 
-struct Logon {
-    const char* name;
-    std::string header;
-    int fromPassportValue;
-    const char* passport; ///< or the whole text of the assertion
-};
-
-class AnonymousLogon : public testing::TestWithParam<Logon> {};
-
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(Replies, AnonymousLogon, testing::Values(
-    Logon{"typed", PASSPORT, 0, "101:abc"},
-    Logon{"typed_without_passport", "", 0, R"(HBL_ASSERT_NAMED(!zorPassportElem.isNull(), "No ZORPassport element was returned.");)"},
-    Logon{"typed_without_id", "<b:ZORPassport/>", 0, R"(HBL_ASSERT_NAMED(!idElem.isNull(), "No id element was returned in the ZORPassort element.");)"},
-    Logon{"typed_empty_id", "<b:ZORPassport><b:id/></b:ZORPassport>", 0, R"(HBL_ASSERT_NAMED(!idElemText.empty(), "An empty id element was returned in the ZORPassort element.");)"},
-    Logon{"value_first", "<item><value>v1</value><name>zor_passport</name><value>v2</value></item>", 1, "v1"},
-    Logon{"value_none", "<item><value>other</value></item><item><name>zor_passport</name></item>", 1, "before"},
-    Logon{"value_without_name", PASSPORT, 1, R"(HBL_ASSERT_NAMED(!zorPassportEle.isNull(), "No zor_passport element was returned.");)"}
-), [](const auto& tested) { return tested.param.name; });
-// clang-format on
-
-TEST_P(AnonymousLogon, TakesThePassportFromTheReply) {
-    FakeBus bus;
-    bus.answer(reply(GetParam().header));
-    std::string passport = "before";
-    const auto logon = [&] {
-        MRLHelper::logonAsAnonymous(passport, GetParam().fromPassportValue, "http://d");
-    };
-    if (std::string(GetParam().passport).starts_with("HBL_ASSERT")) {
-        expectAssert(logon, GetParam().passport);
-        EXPECT_EQ(passport, "before");
-    } else {
-        logon();
-        EXPECT_EQ(passport, GetParam().passport);
+TEST(AnonymousLogon, TakesThePassportFromTheReply) {
+    std::ifstream file(MRL_TEST_DATA "/golden/logon_request.xml");
+    const std::string request{std::istreambuf_iterator<char>(file), {}};
+    for (const auto& row : mrl::test::table("logon.txt")) { // header of the reply, form, passport or failure
+        FakeBus bus;
+        bus.answer(reply(row[0] == "*" ? PASSPORT : row[0]));
+        std::string passport = "before";
+        const auto logon = [&] { MRLHelper::logonAsAnonymous(passport, std::stoi(row[1]), "http://d"); };
+        if (row[2].starts_with("HBL_ASSERT")) {
+            expectAssert(logon, row[2]);
+            EXPECT_EQ(passport, "before");
+        } else {
+            logon();
+            EXPECT_EQ(passport, row[2]);
+        }
+        EXPECT_EQ(bus.requests, std::vector<std::string>{request});
+        EXPECT_EQ(bus.live, 0);
+        EXPECT_TRUE(std::ranges::count(
+            bus.calls, "openEnvelope http://developer.vantor.example/schemas/tavel/3#contentManagerService"));
     }
-    EXPECT_EQ(bus.requests, std::vector<std::string>{REQUEST});
-    EXPECT_EQ(bus.live, 0);
-    const std::string action =
-        "openEnvelope http://developer.vantor.example/schemas/tavel/3#contentManagerService";
-    EXPECT_NE(std::find(bus.calls.begin(), bus.calls.end(), action), bus.calls.end());
 }
 
 TEST(AnonymousLogon, GoesToTheConfiguredDispatcherWithoutOneOfItsOwn) {
@@ -226,46 +200,27 @@ TEST(Headers, GiveTheFirstVariableOfANameThatHasAValue) {
                  "HBL_ASSERT(dispatcherTransportVarName);");
 }
 
-struct Endpoint {
-    const char* parameters;
-    const char* contentManager; ///< empty for the assertion
-    const char* dispatcher;
-    const char* internal;
-};
+/// What `ask` sets, or "-" when nothing is configured.
+template <class Ask>
+std::string asked(const Ask& ask) {
+    I18NString uri("before");
+    try {
+        ask(uri);
+    } catch (HBLAssertError& e) {
+        EXPECT_NE(std::string(e.getText()).find("URI not found in configuration"), std::string::npos);
+        EXPECT_EQ(uri, "before");
+        return "-";
+    }
+    return uri.toUtf8();
+}
 
 TEST(Endpoints, ComeFromTheConfigurationInOrder) {
-    constexpr const char* MANAGERS = "<qzn:parameter name='contentManagers'><qzn:value><qzn:item>\n http://1 "
-                                     "</qzn:item><qzn:item>http://2</qzn:item></qzn:value></qzn:parameter>";
-    const std::string both = ConfigurationFile::parameter("contentManager", "http://0") + MANAGERS +
-                             ConfigurationFile::parameter("internalDispatcher", "http://i") +
-                             ConfigurationFile::parameter("externalDispatcher", "http://e");
-    const std::string external = MANAGERS + ConfigurationFile::parameter("internalDispatcher", "") +
-                                 ConfigurationFile::parameter("sdk", "http://s") +
-                                 ConfigurationFile::parameter("externalDispatcher", "http://e");
-    const std::string sdk = ConfigurationFile::parameter("sdk", "http://s");
-    for (const auto& [parameters, contentManager, dispatcher, internal] :
-         {Endpoint{both.c_str(), "http://0", "http://i", "http://i"},
-          Endpoint{external.c_str(), "http://1", "http://e", ""}, Endpoint{sdk.c_str(), "", "http://s", ""},
-          Endpoint{"", "", "", ""}}) {
-        const ConfigurationFile file(ConfigurationFile::withParameters(parameters));
-        const auto expect = [](const char* expected, const char* failure, auto&& ask) {
-            I18NString uri("before");
-            if (*expected == '\0') {
-                expectAssert([&] { ask(uri); }, failure);
-                EXPECT_EQ(uri, "before");
-            } else {
-                ask(uri);
-                EXPECT_EQ(uri, expected);
-            }
-        };
-        constexpr const char* NO_DISPATCHER =
-            R"(HBL_ASSERT_NAMED(!dispatcherURI.empty(), "Dispatcher URI not found in configuration");)";
-        expect(
-            contentManager,
-            R"(HBL_ASSERT_NAMED(!contentManagerURI.empty(), "Content Manager URI not found in configuration");)",
-            [](I18NString& uri) { MRLHelper::getContentManagerURI(uri); });
-        expect(dispatcher, NO_DISPATCHER, [](I18NString& uri) { MRLHelper::getDispatcherURI(uri, 0); });
-        expect(internal, NO_DISPATCHER, [](I18NString& uri) { MRLHelper::getDispatcherURI(uri, 1); });
+    for (const auto& row :
+         mrl::test::table("endpoints.txt")) { // parameters, manager, dispatcher, internal one
+        const ConfigurationFile file(ConfigurationFile::withParameters(row[0]));
+        EXPECT_EQ(asked(MRLHelper::getContentManagerURI), row[1]) << row[0];
+        EXPECT_EQ(asked([](I18NString& uri) { MRLHelper::getDispatcherURI(uri, 0); }), row[2]) << row[0];
+        EXPECT_EQ(asked([](I18NString& uri) { MRLHelper::getDispatcherURI(uri, 1); }), row[3]) << row[0];
     }
 }
 
@@ -285,26 +240,19 @@ TEST(Endpoints, KeepTheAddressOfTheHost) {
     MRLHelper::setUserSpecifiedURI("");
 }
 
-struct Timeout {
-    const char* aaa;
-    unsigned int seconds;
-};
-
 TEST(Logon, TimesOutAsConfigured) {
-    constexpr const char* HEAD = "<qzn:parameter name='inactivityTimeout'>";
-    for (const auto& [aaa, seconds] :
-         {Timeout{"<qzn:value>900</qzn:value></qzn:parameter>", 900},
-          Timeout{"<qzn:value>soon</qzn:value></qzn:parameter>", 0}, Timeout{"</qzn:parameter>", 3600},
-          Timeout{"<value>900</value></qzn:parameter>", 3600}}) {
+    const std::string value = ConfigurationFile::parameter("inactivityTimeout", "900");
+    for (const auto& [aaa, seconds] : std::vector<std::pair<std::string, unsigned>>{
+             {value, 900},
+             {ConfigurationFile::parameter("inactivityTimeout", "soon"), 0},
+             {"<qzn:parameter name='inactivityTimeout'><value>900</value></qzn:parameter>", 3600},
+             {"<qzn:parameter name='other'>" + value + "</qzn:parameter>", 3600}}) {
         const ConfigurationFile file(
-            ConfigurationFile::withParameters(ConfigurationFile::parameter("AAA", std::string(HEAD) + aaa)));
+            ConfigurationFile::withParameters(ConfigurationFile::parameter("AAA", aaa)));
         EXPECT_EQ(MRLHelper::getLumenaInactivityTimeout(), seconds) << aaa;
     }
-    for (const std::string& aaa :
-         {ConfigurationFile::parameter("AAA", "<qzn:parameter name='o'/>"), std::string()}) {
-        const ConfigurationFile file(ConfigurationFile::withParameters(aaa));
-        EXPECT_EQ(MRLHelper::getLumenaInactivityTimeout(), 3600U) << aaa;
-    }
+    const ConfigurationFile without(ConfigurationFile::withParameters(""));
+    EXPECT_EQ(MRLHelper::getLumenaInactivityTimeout(), 3600U);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "Session/MRLHelper.h"
 #include "Session/MRLIPFLogger.h"
 #include "Session/MRLStringDomWriter.h"
+#include "Session/Table.h"
 #include "support/ConfigurationFile.h"
 #include "support/Failure.h"
 #include "support/LogHarness.h"
@@ -15,7 +16,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <limits>
@@ -73,25 +73,13 @@ TEST(XmlHelpers, ParseFromEverySourceAndTellWhereItFails) {
     EXPECT_THROW(MRLHelper::parseXML(hostile.data(), hostile.size(), document), HBLException);
 }
 
-struct Declared {
-    const char* document;
-    const char* result; ///< null for none
-};
-
 TEST(XmlHelpers, PutADocumentTypeInFrontOfTheFirstTag) {
-    for (const auto& [document, result] :
-         {Declared{"<a/>", "<!DOCTYPE r SYSTEM \"/d.dtd\"><a/>"},
-          Declared{" \n<?xml version='1.0'?>\n<a/>",
-                   " \n<?xml version='1.0'?>\n<!DOCTYPE r SYSTEM \"/d.dtd\"><a/>"},
-          Declared{"<?xml-x?><a/>", "<!DOCTYPE r SYSTEM \"/d.dtd\"><?xml-x?><a/>"},
-          Declared{"<?xml version='1.0'?><!DOCTYPE a><a/>", nullptr}, Declared{"<!DOCTYPE a><a/>", nullptr},
-          Declared{"<!DOCTYPE ", "<!DOCTYPE r SYSTEM \"/d.dtd\"><!DOCTYPE "}, // cut off: ten bytes
-          Declared{"<?xml version='1.0'?>", nullptr}, Declared{"no tag", nullptr}, Declared{"", nullptr}}) {
+    for (const auto& row : mrl::test::table("doctypes.txt")) { // document, what stands in front, behind
         std::string out;
-        EXPECT_EQ(MRLHelper::addDocumentTypeDeclaration(document, std::strlen(document), out, "/d.dtd", "r"),
-                  result != nullptr)
-            << document;
-        EXPECT_EQ(out, result == nullptr ? "" : result);
+        const int made =
+            MRLHelper::addDocumentTypeDeclaration(row[0].data(), row[0].size(), out, "/d.dtd", "r");
+        EXPECT_EQ(made, row[1] != "-") << row[0];
+        EXPECT_EQ(out, made == 0 ? "" : row[1] + "<!DOCTYPE r SYSTEM \"/d.dtd\">" + row[2]);
     }
     std::string out;
     EXPECT_EQ(MRLHelper::addDocumentTypeDeclaration("<a/>", 4, out, nullptr, nullptr), 1);
@@ -118,29 +106,13 @@ TEST(XmlHelpers, LoadReportSpecificationsWithAndWithoutADocumentType) {
     }
 }
 
-struct Addressed {
-    const char* document;
-    const char* element;
-    const char* stop; ///< local name; null for none
-    int fromZero;
-    const char* path;
-};
-
 TEST(XmlHelpers, AddressElementsFromAStoppingAncestorOrTheRoot) {
-    constexpr const char* PLAIN = "<a><b/>text<b><c/></b></a>";
-    for (const auto& [text, element, stop, fromZero, path] : {
-             Addressed{PLAIN, "c", nullptr, 0, "a/b[2]/c"},
-             Addressed{PLAIN, "c", nullptr, 1, "a/b[1]/c"},
-             Addressed{PLAIN, "c", "a", 0, "./b[2]/c"},
-             Addressed{PLAIN, "c", "c", 0, "./"},
-             Addressed{PLAIN, "b", nullptr, 0, "a/b[1]"}, // the first of two
-             Addressed{"<x:a xmlns:x='urn:x'><x:b/><b><x:c/></b></x:a>", "x:c", nullptr, 0, "x:a/b/x:c"},
-         }) {
-        const HBLIDOM_Document document = parsed(text);
+    for (const auto& row : mrl::test::table("xpaths.txt")) { // document, element, stop, from zero, address
+        const HBLIDOM_Document document = parsed(row[0]);
         HBLI18NBuffer got(u"before");
-        MRLHelper::getDomXPath(HBLIDOM_Helper::findFirstElement(document, element), got,
-                               stop == nullptr ? 0 : HBLUtCrc32::crc32(I18NString(stop), 0, 0), fromZero);
-        EXPECT_EQ(got.getString().toUtf8(), path);
+        MRLHelper::getDomXPath(HBLIDOM_Helper::findFirstElement(document, row[1]), got,
+                               HBLUtCrc32::crc32(I18NString(row[2]), 0, 0), std::stoi(row[3]));
+        EXPECT_EQ(got.getString().toUtf8(), row[4]) << row[0];
     }
 }
 
