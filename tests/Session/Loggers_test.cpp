@@ -103,6 +103,8 @@ TEST_F(LoggerTest, NamesAndPathsAreCutToWhatMatters) {
     logger->getObjectType(type);
     EXPECT_EQ("batch", type);
     expectAssert([&] { logger->setObjectType(nullptr); }, "HBL_ASSERT(type);");
+    EXPECT_STREQ("Analysis", MRLIPFLogger::getObjectTypeForLogging(MRLSchemaTypeI::eMRLAnalysis));
+    EXPECT_THROW(MRLIPFLogger::getObjectTypeForLogging(MRLSchemaTypeI::eString), HBLAssertError);
 }
 
 TEST_F(LoggerTest, WritesTheObjectAndItsParameters) {
@@ -132,11 +134,6 @@ TEST_F(LoggerTest, WritesTheObjectAndItsParameters) {
     EXPECT_EQ(I18NString("e"), error);
     logger->audit(10000, "Run", "Success", &data, &error);
     EXPECT_EQ(I18NString("e d"), error) << "grows in the caller's hands";
-}
-
-TEST_F(LoggerTest, KnowsTheWordsForObjects) {
-    EXPECT_STREQ("Analysis", MRLIPFLogger::getObjectTypeForLogging(MRLSchemaTypeI::eMRLAnalysis));
-    EXPECT_THROW(MRLIPFLogger::getObjectTypeForLogging(MRLSchemaTypeI::eString), HBLAssertError);
 }
 
 TEST_F(LoggerTest, AMeasurementHasABeginAndAnEndEachTimeItGoesOn) {
