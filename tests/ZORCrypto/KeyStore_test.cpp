@@ -25,9 +25,6 @@ protected:
         }
     }
 };
-}
-}
-;
 
 TEST_F(KeyStore, IsMadeByTheFirstUseForItsOwnerAlone) {
     const mode_t before = umask(0);
