@@ -32,7 +32,10 @@ public:
         ConsoleReporter::ReportRuns(runs);
         for (const Run& run : runs) {
             if (!run.error_occurred && run.run_type == Run::RT_Iteration) {
-                m_times[run.run_name.function_name][run.run_name.args].push_back(run.GetAdjustedCPUTime());
+                const bool isReal =
+                    run.run_name.time_type == "real_time"; // waiting counts where it was asked for
+                m_times[run.run_name.function_name][run.run_name.args].push_back(
+                    isReal ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime());
             }
         }
     }
