@@ -34,8 +34,8 @@ class MRL_EXPORT MRLHelper {
 public:
     // Crypto: the gateway to ZORCrypto, which has the keys. docs/security.md. Each purpose has one handle for
     // the process, opened with the service id of the first call that needs it, and a lock; no state besides.
-    // What cannot be opened for want of a key store is an MRLException that says why. Null data and size 0 do
-    // nothing; sizes are cut to 32 bits. Without a service id a null is none.
+    // A service id that the library refuses is an MRLException that says why; null is no service. Null data
+    // and size 0 do nothing; sizes are cut to 32 bits.
 
     /// Starts the crypto library for a service. Keys are found where the environment variable MRL_KEY_STORE,
     /// else the property "keyStore", tells.
