@@ -7,12 +7,12 @@
 
 #include "HBLCore/HBLFmDir.h"
 
-#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <map>
 #include <sys/stat.h>
+#include <system_error>
 #include <tuple>
 
 namespace mrl::detail {
@@ -30,19 +30,26 @@ std::string sessionDir(const std::string& base, unsigned number) {
     return base + name;
 }
 
+/// Counts the sessions of this process for a directory, from 1 on.
+unsigned nextNumber(const std::string& base) {
+    static std::mutex s_lock;
+    static std::map<std::string, unsigned> s_numbers;
+    const std::lock_guard<std::mutex> guard(s_lock);
+    return ++s_numbers[base];
+}
+
 /// Makes the next directory that is free, also among the sessions of other processes.
 /// @return its number.
 unsigned claim(const std::string& base) {
-    static std::atomic<unsigned> s_tried{0}; // those below it are taken
     for (;;) {
-        const unsigned number = ++s_tried;
+        const unsigned number = nextNumber(base);
         const std::string path = sessionDir(base, number);
         if (::mkdir(path.c_str(), S_IRWXU) == 0) {
             return number;
         }
-        if (errno != EEXIST) {
-            HBL_THROW(MRLException(0)
-                          << (MRLHBLMessage(msg::recordingDirectoryNotMade) << path << std::strerror(errno)),
+        if (const int error = errno; error != EEXIST) {
+            HBL_THROW(MRLException(0) << (MRLHBLMessage(msg::recordingDirectoryNotMade)
+                                          << path << std::generic_category().message(error)),
                       "MRLSOAPSession::MRLSOAPSession");
         }
     }
@@ -56,9 +63,8 @@ std::unique_ptr<AmbientTraffic> AmbientTraffic::fromEnvironment(bool mayRecord) 
     if (recording.empty() && playback.empty()) {
         return nullptr;
     }
-    static std::atomic<unsigned> s_playedBack{0};
     std::unique_ptr<AmbientTraffic> traffic(new AmbientTraffic);
-    const unsigned number = recording.empty() ? ++s_playedBack : claim(recording);
+    const unsigned number = recording.empty() ? nextNumber(playback) : claim(recording);
     if (!recording.empty()) {
         traffic->m_recordingDir = sessionDir(recording, number);
     }
