@@ -134,6 +134,19 @@ TEST(Hostile, ADeclarationHoldsForItsElementAndThoseInside) {
     EXPECT_STREQ(static_cast<MRLContentGetActiveContentManager_Reply&>(call.reply()).getResult(), "a");
 }
 
+TEST(Hostile, AStreamThatThrowsWhatNobodyKnowsIsAFailureOfItsOwn) {
+    struct Stream : ChunkedStream {
+        using ChunkedStream::ChunkedStream;
+        using ChunkedStream::read;
+        std::size_t read(char* /*buffer*/, std::size_t /*count*/) override { throw 42; }
+    };
+    Call call(TEXT);
+    Stream stream("", 1);
+    MRLSOAPMessageIDeserializer reader;
+    expectFailure([&] { reader.parse(stream, *call.binding, call.reply()); }, 0xa649ba8d, {},
+                  "MRLSOAPMessageIDeserializer::parse");
+}
+
 TEST(Hostile, ADocumentCutAtEachByteNeverPassesForAWholeOne) {
     const std::string document = replyWith("<r i:type='x:string'>a&amp;b</r>");
     for (std::size_t length = 0; length < document.size(); ++length) {
