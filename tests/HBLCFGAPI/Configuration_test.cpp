@@ -131,16 +131,10 @@ TEST(Configuration, IsReplacedByParametersAndOverlaidByAQueryResult) {
         ConfigurationFile::withParameters(ConfigurationFile::parameter("contentManager", "http://file") +
                                           ConfigurationFile::parameter("gateway", "http://gate")));
 
-    // As a content manager is chosen by hand: names without namespaces, an undeclared prefix in a value.
-    HBLIDOM_Document answer = HBLIDOM_DOMImplementation::getInstance().createDocument("", "ConfigDocument");
-    HBLIDOM_Element root = answer.createElementNS("qzn", "qzn:queryResult");
-    HBLIDOM_Node item = root.appendChild(answer.createElementNS("", "item"));
-    HBLIDOM_Node manager = item.appendChild(answer.createElementNS("", "contentManager"));
-    HBLIDOM_Element value = answer.createElementNS("", "value");
-    value.setAttribute("xsi:type", "xsd:string");
-    value.appendChild(answer.createTextNode("http://chosen"));
-    manager.appendChild(value);
-    service().configure(root);
+    const HBLIDOM_Document answer = // names without namespaces
+        parsed("<qzn:queryResult xmlns:qzn='qzn'><item><contentManager><value>http://chosen</value>"
+               "</contentManager></item></qzn:queryResult>");
+    service().configure(answer.getDocumentElement());
     service().load();
     EXPECT_EQ(property("contentManager"), "http://chosen");
     EXPECT_EQ(property("gateway"), "http://gate");

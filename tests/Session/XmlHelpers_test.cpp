@@ -208,30 +208,4 @@ TEST(XmlHelpers, AuditFailuresAtTheirLevelsInTheLanguageOfTheServer) {
     }
 }
 
-struct Algorithm {
-    const char* crypto;
-    const char* expected;
-};
-
-TEST(XmlHelpers, FindTheAlgorithmOfPdfDocumentsInTheConfiguration) {
-    const std::string head = "<qzn:instances name='cryptoProvider'><qzn:instance name='Vantor'>";
-    const std::string tail = "</qzn:instance></qzn:instances>";
-    for (const auto& [crypto, expected] :
-         {Algorithm{
-              "<qzn:parameter name='PDFConfidentialityAlgorithm'><qzn:value>AES</qzn:value></qzn:parameter>",
-              "AES"},
-          Algorithm{"<qzn:parameter name='PDFConfidentialityAlgorithm'/>", "RC4"},
-          Algorithm{"<qzn:parameter name='other'><qzn:value>AES</qzn:value></qzn:parameter>", "RC4"}}) {
-        const ConfigurationFile file(
-            ConfigurationFile::withParameters(ConfigurationFile::parameter("CRYPTO", head + crypto + tail)));
-        std::string algorithm;
-        MRLHelper::getPdfSecurityAlgorithm(algorithm);
-        EXPECT_EQ(algorithm, expected) << crypto;
-    }
-    const ConfigurationFile without(ConfigurationFile::withParameters(""));
-    std::string algorithm;
-    expectFailure([&] { MRLHelper::getPdfSecurityAlgorithm(algorithm); }, msg::malformedXmlDocument,
-                  {"1", "1"});
-}
-
 } // namespace
