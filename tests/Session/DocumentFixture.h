@@ -18,9 +18,9 @@ namespace mrl::test {
 /// Documents with a small buffer and a temporary directory of their own.
 class Documents {
 public:
-    explicit Documents(bool encrypted = false, const char* bufferSize = "1000", const std::string& below = "")
+    explicit Documents(bool encrypted = false, const char* bufferSize = "1000")
         : m_configuration(ConfigurationFile::withParameters(
-              ConfigurationFile::parameter("temp", m_directory.path() + below) +
+              ConfigurationFile::parameter("temp", m_directory.path()) +
               ConfigurationFile::parameter("encryptTemporaryFiles", encrypted ? "true" : "false"))) {
         detail::PropertyAccess::setConfigFile("/nowhere");
         detail::PropertyAccess::setValue("outputBufferSize", I18NString(bufferSize), 1);
