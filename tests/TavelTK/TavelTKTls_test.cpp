@@ -8,6 +8,8 @@
 #include <Poco/Net/SecureServerSocket.h>
 
 #include <filesystem>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -171,14 +173,15 @@ TEST(Tls, LeavesNoDescriptorBehindHoweverItFails) {
 
 TEST(Tls, IsRefusedByAPeerThatSpeaksNoneInItsOwnTime) {
     Toolkit toolkit;
-    set(toolkit, trusting({{"connect-time-limit", "60"}}));
+    set(toolkit, trusting());
     ScriptedPeer plain({{"HTTP/1.1 400 Bad Request\r\n\r\n", Answer::close, false}});
     expectFailure([&] { call(*toolkit.factory, secureUrl(plain)); }, tlsFailed, "wrong version number");
+    ScriptedPeer closing({{"", Answer::cut, false}});
+    expectFailure([&] { call(*toolkit.factory, secureUrl(closing)); }, tlsFailed, "connecting to");
+    toolkit.factory->setProperty("connect-time-limit", 60);
     ScriptedPeer silent({{"", Answer::silence, false}});
     expectFailure([&] { call(*toolkit.factory, secureUrl(silent)); }, tlsTimedOut,
                   "60 ms have passed (connect-time-limit)");
-    ScriptedPeer closing({{"", Answer::cut, false}});
-    expectFailure([&] { call(*toolkit.factory, secureUrl(closing)); }, tlsFailed, "closed");
 }
 
 TEST(Tls, TellsTheEndOfAReplyFromACutOne) {
@@ -204,6 +207,33 @@ TEST(Tls, ConnectionIsSharedOnlyByThoseWhoTrustAlikeAndReplacedWhenItHasGone) {
         std::this_thread::yield();
     EXPECT_EQ(call(*toolkit.factory, secureUrl(peer)), "<3/>");
     EXPECT_EQ(peer.connections(), 3);
+}
+
+TEST(Tls, ConnectionOfAParentIsNeitherUsedNorEndedByItsChild) {
+    ScriptedPeer peer({{reply("<1/>")}, {reply("<2/>")}}, secureListener(authority().issue({})));
+    Toolkit toolkit;
+    set(toolkit, trusting());
+    call(*toolkit.factory, secureUrl(peer));
+    if (const pid_t child = ::fork(); child == 0) {
+        toolkit.pool.take("any", mrl::detail::Clock::steady().now());
+        ::_exit(toolkit.pool.size() == 0 ? 0 : 1);
+    } else {
+        int status = -1;
+        ::waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(call(*toolkit.factory, secureUrl(peer)), "<2/>");
+    EXPECT_EQ(peer.connections(), 1);
+}
+
+TEST(Tls, ReadsAFileAgainOnceItHasChanged) {
+    mrl::detail::TlsContexts contexts;
+    mrl::detail::TlsSettings settings;
+    settings.caFile = authority().issue({});
+    const mrl::detail::TlsContext first = contexts.get(settings);
+    EXPECT_EQ(contexts.get(settings), first);
+    std::filesystem::rename(authority().issue({}), settings.caFile);
+    EXPECT_NE(contexts.get(settings), first);
 }
 
 TEST(Tls, CarriesSixteenThreadsOfOneFactoryWithLargeBodies) {
