@@ -50,10 +50,10 @@ private:
     const std::string m_host;
     const bool m_isChainChecked;
     const pid_t m_process;
-    Attempt m_last;        // what the socket said last
-    Attempt m_verdict;     // what is wrong with the peer's certificate; `moved`: nothing so far
+    Attempt m_last;         // what the socket said last
+    Attempt m_verdict;      // what is wrong with the peer's certificate; `moved`: nothing so far
     bool m_isAsked = false; // for a certificate of this side
-    bool m_isOver = false; // after a failure nothing more may be sent
+    bool m_isOver = false;  // after a failure nothing more may be sent
     std::unique_ptr<SSL, Free> m_ssl;
 };
 
