@@ -68,7 +68,7 @@ def test_a_recording_is_exact_private_and_sound(script):
 
 @pytest.mark.parametrize("environment, code, told", [
     ({}, 0, "2 calls answered from the recording, 0 differ"),
-    ({"PATH_1": "/other"}, 1, '+           <bus:value xsi:type="xs:string">/other</bus:value>'),
+    ({"PATH_1": "/other"}, 1, '<bus:value xsi:type="xs:string">/other</bus:value>\nmrl: 2 calls'),
     ({"CODE": "7"}, 7, "0 differ"),
 ])
 def test_the_recording_answers_without_the_peer(script, environment, code, told):
