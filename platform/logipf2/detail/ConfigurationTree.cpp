@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <iterator>
 #include <limits>
+#include <utility>
 
 namespace mrl::detail {
 
@@ -73,7 +74,7 @@ public:
     bool end_array() { return close(); }
     bool key(std::string& name) {
         const auto& members = m_open.back()->members;
-        if (std::any_of(members.begin(), members.end(), [&](const auto& one) { return one.first == name; })) {
+        if (std::any_of(members.begin(), members.end(), [&](const auto& one) { return one.name == name; })) {
             refuseConfiguration(m_path, m_line, "\"" + name + "\" stands twice here; keep one of them");
         }
         m_name = std::move(name);
@@ -113,7 +114,8 @@ private:
         }
         ConfigurationTree& parent = *m_open.back();
         if (parent.kind == ConfigurationTree::eObject) {
-            return parent.members.emplace_back(std::move(m_name), ConfigurationTree()).second;
+            parent.members.push_back({std::move(m_name), {}});
+            return parent.members.back().value;
         }
         return parent.items.emplace_back();
     }

@@ -3,21 +3,27 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace mrl::detail {
+
+struct ConfigurationMember;
 
 /// A JSON value that knows the line it stands on.
 struct ConfigurationTree {
     enum Kind { eObject, eList, eText, eNumber, eOther };
 
     Kind kind = eOther;
-    int line = 1;            // where it begins; for a member, that of its name
-    std::string text;        // of eText
-    std::int64_t number = 0; // of eNumber
-    std::vector<std::pair<std::string, ConfigurationTree>> members; // of eObject, in the order of the file
-    std::vector<ConfigurationTree> items;                           // of eList
+    int line = 1;                             // where it begins; for a member, that of its name
+    std::string text;                         // of eText
+    std::int64_t number = 0;                  // of eNumber
+    std::vector<ConfigurationMember> members; // of eObject, in the order of the file
+    std::vector<ConfigurationTree> items;     // of eList
+};
+
+struct ConfigurationMember {
+    std::string name;
+    ConfigurationTree value;
 };
 
 /// Reads JSON with comments.

@@ -4,7 +4,6 @@
 #include "logipf2/LOGObject.h"
 #include "logipf2/detail/LogClock.h"
 
-#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
@@ -180,10 +179,11 @@ void JsonLine::quoted(std::u16string_view text) {
     m_line += '"';
     for (std::size_t i = 0; i < text.size();) {
         if (const std::size_t plain = plainRun(text.substr(i)); plain > 0) {
-            const std::size_t at = m_line.size();
+            std::size_t at = m_line.size();
             m_line.resize(at + plain);
-            std::transform(text.begin() + i, text.begin() + i + plain, m_line.begin() + at,
-                           [](char16_t unit) { return static_cast<char>(unit); });
+            for (const char16_t unit : text.substr(i, plain)) {
+                m_line[at++] = static_cast<char>(unit);
+            }
             i += plain;
         } else {
             i += appendOther(m_line, text.substr(i));

@@ -33,6 +33,14 @@ constexpr std::array FACILITIES = {
     Facility{"local3", LOG_LOCAL3}, Facility{"local4", LOG_LOCAL4}, Facility{"local5", LOG_LOCAL5},
     Facility{"local6", LOG_LOCAL6}, Facility{"local7", LOG_LOCAL7}};
 
+std::string joined(std::initializer_list<std::string_view> pieces) {
+    std::string text;
+    for (const std::string_view piece : pieces) {
+        text += piece;
+    }
+    return text;
+}
+
 /// Turns the tree of one file into a configuration.
 class Reader {
 public:
@@ -79,8 +87,8 @@ private:
             const SinkDefinition sink = readSink(name, value);
             for (const auto& [other, definition] : m_result.sinks) {
                 if (sink.kind == SinkDefinition::eFile && definition.path == sink.path) {
-                    refuse(value, "sink \"" + name + "\" writes the file of sink \"" + other +
-                                      "\"; give it another \"path\", or use one sink for both");
+                    refuse(value, joined({"sink \"", name, "\" writes the file of sink \"", other,
+                                          "\"; give it another \"path\", or use one sink for both"}));
                 }
             }
             m_result.sinks.emplace(name, sink);
@@ -90,12 +98,12 @@ private:
     SinkDefinition readSink(const std::string& sinkName, const ConfigurationTree& tree) {
         expect(tree, ConfigurationTree::eObject, "sink \"" + sinkName + "\"");
         const auto type = std::find_if(tree.members.begin(), tree.members.end(),
-                                       [](const auto& member) { return member.first == "type"; });
+                                       [](const auto& member) { return member.name == "type"; });
         if (type == tree.members.end()) {
             refuse(tree, "sink \"" + sinkName + R"(" has no "type"; write "file", "stderr" or "syslog")");
         }
         SinkDefinition sink;
-        const std::string kind = text(type->second, "type");
+        const std::string kind = text(type->value, "type");
         if (kind == "file") {
             sink.kind = SinkDefinition::eFile;
             readFile(sinkName, tree, sink);
@@ -106,7 +114,7 @@ private:
             sink.kind = SinkDefinition::eSystemLog;
             readSystemLog(tree, sink);
         } else {
-            refuse(type->second, "\"" + kind + R"(" is no type of sink; write "file", "stderr" or "syslog")");
+            refuse(type->value, "\"" + kind + R"(" is no type of sink; write "file", "stderr" or "syslog")");
         }
         return sink;
     }
@@ -198,8 +206,9 @@ private:
             const LogConfiguration::Effective logger = m_result.effective(name == "*" ? "" : name);
             for (const std::string& sink : logger.sinks) {
                 if (m_result.sinks.count(sink) == 0) {
-                    refuse(value, "logger \"" + name + "\" writes to sink \"" + sink +
-                                      "\", which \"sinks\" does not have; add it there or name another");
+                    refuse(value,
+                           joined({"logger \"", name, "\" writes to sink \"", sink,
+                                   "\", which \"sinks\" does not have; add it there or name another"}));
                 }
             }
             if (logger.threshold != LOG_OFF && logger.sinks.empty()) {

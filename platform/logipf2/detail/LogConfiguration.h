@@ -19,10 +19,10 @@ struct SinkDefinition {
     enum Kind { eFile, eStandardError, eSystemLog };
 
     Kind kind = eStandardError;
-    std::string path;                    // file: absolute
-    std::int64_t maxSize = 10 * 1048576; // file: bytes from which on it is rotated; 0 for never
-    int maxFiles = 5;                    // file: old ones that are kept
-    int facility = 0;                    // system log
+    std::string path;                                  // file: absolute
+    std::int64_t maxSize = std::int64_t{10} * 1048576; // file: bytes from which on it is rotated; 0 for never
+    int maxFiles = 5;                                  // file: old ones that are kept
+    int facility = 0;                                  // system log
 
     bool operator==(const SinkDefinition&) const = default;
 };

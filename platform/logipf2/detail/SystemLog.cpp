@@ -7,7 +7,7 @@ namespace mrl::detail {
 namespace {
 
 constexpr std::size_t LONGEST =
-    128 * 1024; // what one message to the system's log may have, with room to spare
+    std::size_t{128} * 1024; // what one message to the system's log may have, with room to spare
 
 int priorityOf(spdlog::level::level_enum severity) {
     switch (severity) {
