@@ -39,10 +39,11 @@
 
 #include "HBLCore/HBLSmartPointer.h"
 #include "HBLCore/HBLThrowable.h"
-#include "PLQStreams/PLQFileOutputStream.h"
+#include "PLQStreams/PLQOutputStream.h"
 
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -63,7 +64,7 @@ T* make(MRLMessageI& request) {
 /// One call of the report service; `Request` is filled by `fill`.
 template <class Request, class Fill>
 Binding ask(const MRLSOAPSession& session, MRLMessageI::MessageType type, Fill&& fill) {
-    const Binding call(MRLReportServicePortType::getInstance().createPortTypeBinding(type));
+    Binding call(MRLReportServicePortType::getInstance().createPortTypeBinding(type));
     fill(static_cast<Request&>(call->getInputMessage()));
     session.submit(*call, MRLSOAPSession::eMRLSOAPUntrusted, nullptr);
     return call;
@@ -83,6 +84,22 @@ void setOptions(MRLAsynchRun_Request& request) {
     request.getOptions(&registry)->push_back(encoding);
 }
 
+/// Where the toolkit writes a document to: anything that takes bytes.
+class FileSink : public PLQOutputStream {
+public:
+    explicit FileSink(const std::filesystem::path& path)
+        : m_file(path, std::ios::binary) {
+        m_file.exceptions(std::ios::badbit | std::ios::failbit);
+    }
+    void write(const char* data, std::size_t length) override {
+        m_file.write(data, static_cast<std::streamsize>(length));
+    }
+    void close() override { m_file.close(); }
+
+private:
+    std::ofstream m_file;
+};
+
 void save(const MRLAsynchReply& reply, const std::filesystem::path& directory) {
     std::filesystem::create_directories(directory);
     for (const auto* detail : reply.getDetails()) {
@@ -94,7 +111,7 @@ void save(const MRLAsynchReply& reply, const std::filesystem::path& directory) {
             continue;
         // What a service calls a file is not trusted to be a plain name.
         const auto path = directory / std::filesystem::path(output.getFileName()).filename();
-        PLQFileOutputStream file(path.string());
+        FileSink file(path);
         *data->streamable() >> file;
         file.close();
         std::printf("  saved %s, %ju bytes\n", path.c_str(), std::filesystem::file_size(path));

@@ -56,7 +56,7 @@ def test_a_document_goes_out_as_an_attachment_and_comes_back_as_one(bus, tmp_pat
 
 
 @pytest.mark.parametrize("arguments, complaint", [
-    ((), "give it with --attach it=FILE"),
+    ((), "give its file with --attach"),
     (("--attach", "it=/no/such/file"), "'/no/such/file' cannot be read"),
     (("--attach", "other=/dev/null"), "refers to the attachment 'it'"),
     (("--attach", "it=/dev/null", "--attach", "it=/dev/null"), "given twice"),

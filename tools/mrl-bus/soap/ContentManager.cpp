@@ -85,7 +85,7 @@ std::vector<StoreObject> givenObjects(MRLBaseClassArray* array) {
     return objects;
 }
 
-void fill(MRLBaseClassArray& result, const std::vector<StoreObject>& objects, ObjectMapper&& mapper) {
+void fill(MRLBaseClassArray& result, const std::vector<StoreObject>& objects, ObjectMapper mapper) {
     result.reserve(objects.size());
     for (const auto& object : objects)
         result.push_back(static_cast<MRLBaseClass*>(mapper.toSchema(object)));
@@ -138,7 +138,7 @@ void ContentManager::query(MRLContentQuery_Request& request, MRLContentQuery_Rep
                        attachments);
     mapper.setDataRange(SchemaAccess::number(options, "skipDataBytes").value_or(0),
                         SchemaAccess::number(options, "maxDataBytes"));
-    fill(*reply.getResult(&registry), m_store.query(query), std::move(mapper));
+    fill(*reply.getResult(&registry), m_store.query(query), mapper);
 }
 
 void ContentManager::add(MRLContentAdd_Request& request, MRLContentAdd_Reply& reply) {

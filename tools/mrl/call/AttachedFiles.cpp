@@ -26,14 +26,14 @@ void readFile(const std::string& path, MRLDocumentOutput& to) {
 void checkIds(const std::vector<AttachedFile>& files, const std::vector<std::string>& contentIds) {
     for (const std::string& id : contentIds)
         if (std::ranges::find(files, id, &AttachedFile::id) == files.end())
-            throw JsonError("", "the request refers to the attachment '" + id + "'; give it with --attach " +
-                                    id + "=FILE");
+            throw JsonError("", "the request refers to the attachment '" + id +
+                                    "'; give its file with --attach ID=FILE");
     for (const AttachedFile& file : files) {
         if (std::ranges::count(files, file.id, &AttachedFile::id) > 1)
             throw JsonError("", "the attachment '" + file.id + "' is given twice");
         if (std::ranges::find(contentIds, file.id) == contentIds.end())
             throw JsonError("", "nothing in the request refers to the attachment '" + file.id +
-                                    R"('; put {"@cid": ")" + file.id + R"("} where it belongs)");
+                                    R"('; put {"@cid": ID} where it belongs)");
     }
 }
 

@@ -80,6 +80,7 @@ float requireDecimal(const Json& json, const std::string& path) {
 
 std::vector<std::string_view> namesOf(const std::vector<const TypeRow*>& types) {
     std::vector<std::string_view> names;
+    names.reserve(types.size());
     for (const TypeRow* type : types)
         names.emplace_back(type->name);
     return names;
