@@ -1,6 +1,8 @@
 // References in an envelope and the attachments behind them.
+#include "Common/MRLMessageNumbers.h"
 #include "Toolkit/MRLBase64Binary.h"
 #include "Toolkit/MRLBaseClassArray.h"
+#include "Toolkit/MRLBooleanProp.h"
 #include "Toolkit/MRLContentQueryTenantMembership_Reply.h"
 #include "Toolkit/MRLContentQuery_Reply.h"
 #include "Toolkit/MRLReport.h"
@@ -15,6 +17,7 @@
 #include "support/Failure.h"
 
 #include "PLQStreams/PLQGZIPOutputStream.h"
+#include "PLQStreams/PLQStreamError.h"
 #include "TavelTK/TavelTKAttachmentReader.h"
 #include "TavelTK/TavelTKMessageReader.h"
 
@@ -140,6 +143,62 @@ TEST(Attachments, ItemsOfATextArrayAndBinaryMembersAreServedInTheirPlaces) {
               0);
     const MRLBase64Binary& blob = *binary.reply().getTavelHeader(nullptr)->getZOR()->getSecurityBlob();
     EXPECT_EQ(std::string(blob.str(), blob.pcount()), "blob");
+}
+
+TEST(Attachments, TheFirstOfTwoPartsOfOneIdCounts) {
+    Call call;
+    EXPECT_NE(resolved(call, replyWith(TWO_REFERENCES), {{"p1", "first"}, {"p1", "second"}}), 0);
+    EXPECT_STREQ(reportIn(call).getDefaultName()->getValue(), "first");
+}
+
+TEST(Attachments, ABooleanIsReadFromItsPart) {
+    const Call call;
+    MRLBooleanProp flag;
+    const auto serve = [&](const char* text) {
+        MRL_AttachmentHandler handler;
+        handler.registerHref("p1", &flag, "value", MRLSchemaTypeI::eBoolean, 0);
+        FakeReader parts(std::vector<Part>{{"p1", text}});
+        handler.resolveReferences(parts, call.reply().getObjectRegistry(), nullptr);
+    };
+    serve(" true\n");
+    EXPECT_EQ(*flag.getValue(), 1);
+    expectFailure([&] { serve("maybe"); }, msg::invalidNumber, {"value", "boolean"});
+}
+
+TEST(Attachments, ADamagedOrEndlessPackedPartEndsTheReply) {
+    const std::string packed = gzipped("inflated");
+    Call cut;
+    EXPECT_THROW(
+        resolved(cut, replyWith(TWO_REFERENCES), {{"p1", packed.substr(0, packed.size() - 3), true}}),
+        PLQStreamError);
+    const std::string bomb =
+        gzipped(std::string(std::size_t{40} << 20, '\0')); // under the limit, twice is over
+    Call one;
+    EXPECT_NE(resolved(one, replyWith(TWO_REFERENCES), {{"p1", bomb, true}}), 0);
+    Call two;
+    expectFailure(
+        [&] {
+            resolved(two, replyWith(TWO_REFERENCES), {{"p1", bomb, true}, {"p2", bomb, true}});
+        },
+        msg::malformedXml,
+        {"The bytes unpacked from attachments for each byte received exceed the limit of 200 "
+         "(MRLReaderLimits::unpackedRatio)."});
+}
+
+TEST(Attachments, TenThousandPartsServeTenThousandReferences) {
+    std::string items;
+    std::vector<Part> parts;
+    for (int i = 10000; i-- > 0;) {
+        items += "<item href='cid:" + std::to_string(i) + "'/>";
+        parts.push_back({std::to_string(i * 7919 % 10000), "v" + std::to_string(i * 7919 % 10000)});
+    }
+    Call call(MRLMessageI::eMRLContentQueryTenantMembership_Request);
+    EXPECT_NE(resolved(call, replyWith("<q>" + items + "</q>"), std::move(parts)), 0);
+    MRLStringArray& array = *static_cast<MRLContentQueryTenantMembership_Reply&>(call.reply()).getResult();
+    ASSERT_EQ(array.size(), 10000U);
+    for (std::size_t i = 0; i < 10000; ++i) {
+        ASSERT_EQ(array.at(i), "v" + std::to_string(9999 - i));
+    }
 }
 
 TEST(Attachments, OnlyAContentIdIsAReference) {
