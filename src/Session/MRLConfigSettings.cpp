@@ -137,6 +137,7 @@ void MRLConfigSettings::makeCsvConverter(std::string encoding) {
     }
 }
 
+// A handle by value is part of the interface. NOLINTNEXTLINE(performance-unnecessary-value-param)
 HBLIDOM_Element MRLConfigSettings::findChildElementWithAttributeNS(HBLIDOM_Node parent,
                                                                    const I18NString* namespaceUri,
                                                                    const I18NString& localName,
@@ -146,7 +147,7 @@ HBLIDOM_Element MRLConfigSettings::findChildElementWithAttributeNS(HBLIDOM_Node 
         if (child.getNodeType() != HBLIDOM_Node::ELEMENT_NODE) {
             continue;
         }
-        const HBLIDOM_Element element(child);
+        HBLIDOM_Element element(child);
         if (HBLIDOM_Helper::matchLocalName(element, localName) != 0 &&
             (namespaceUri == nullptr || HBLIDOM_Helper::matchNamespaceURI(element, *namespaceUri) != 0) &&
             element.getAttribute(attributeName) == attributeValue) {

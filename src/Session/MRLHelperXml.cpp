@@ -75,7 +75,7 @@ I18NString xpathStep(const HBLIDOM_Node& element, int firstIndex) {
 
 std::string contentOf(HBLFmFile& file) {
     std::string content;
-    std::vector<char> piece(64 * 1024);
+    std::vector<char> piece(64UL * 1024);
     std::int64_t read = 0;
     while ((read = file.read(piece.data(), piece.size())) > 0) {
         content.append(piece.data(), static_cast<std::size_t>(read));

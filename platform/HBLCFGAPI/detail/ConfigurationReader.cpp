@@ -188,7 +188,9 @@ void ConfigurationReader::readEntries(HBLConfigurationProperty& property, const 
             readEntries(property, element, path);
             continue;
         }
-        name = path.empty() ? name : path + "/" + name;
+        if (!path.empty()) {
+            name.insert(0, "/").insert(0, path);
+        }
         const HBLIDOM_Element value = HBLIDOM_Helper::findChildElement(element, "qzn:value");
         const HBLIDOM_Element& holder = value.isNull() == 0 ? value : element;
         std::string text = elementsIn(holder).empty() ? ownText(holder) : std::string();

@@ -17,7 +17,8 @@ static_assert(sizeof(void*) == sizeof(std::uint64_t),
 void setPlace(xercesc::DOMNode& node, int line, int column) {
     const std::uint64_t packed =
         (static_cast<std::uint64_t>(line) << LINE_SHIFT) | static_cast<std::uint32_t>(column);
-    node.setUserData(KEY, reinterpret_cast<void*>(packed), nullptr); // a number, never followed
+    // A number, never followed. NOLINTNEXTLINE(performance-no-int-to-ptr)
+    node.setUserData(KEY, reinterpret_cast<void*>(packed), nullptr);
 }
 
 DomPlace placeOf(const xercesc::DOMNode& node) {
