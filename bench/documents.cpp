@@ -1,7 +1,7 @@
 // Documents: a small one in its pooled buffer beside a copy of the bytes; a large one through its temporary
 // file, plain and encrypted, beside a file that is written and read by system calls alone, in the same
-// directory ($TMPDIR, or /tmp). All by the time of this process, the system's on its behalf included: what the
-// disk does afterwards is the same for all.
+// directory ($TMPDIR, or /tmp). All by the time of this process, the system's on its behalf included: what
+// the disk does afterwards is the same for all.
 #include "Session/MRLDocumentOutput.h"
 #include "support/Heap.h"
 #include "support/Ratios.h"
