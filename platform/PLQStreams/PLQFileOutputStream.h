@@ -1,7 +1,7 @@
 #pragma once
 
 #include "PLQStreams/PLQOutputStream.h"
-#include "PLQStreams/detail/FileDescriptor.h"
+#include "PLQStreams/FileDescriptor.h"
 
 #include <memory>
 #include <string>

@@ -1,4 +1,4 @@
-#include "PLQStreams/detail/FileDescriptor.h"
+#include "PLQStreams/FileDescriptor.h"
 
 #include <cerrno>
 #include <unistd.h>
