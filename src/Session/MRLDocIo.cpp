@@ -29,7 +29,7 @@ constexpr unsigned int s_defaultBufferSize = 300000;
 constexpr unsigned int s_defaultPoolLimit = 30;
 constexpr unsigned int s_largestPoolLimit = 65535;
 constexpr std::size_t s_largestRead = 0x7fffffff;
-constexpr std::size_t s_aheadSize = 64 * 1024;
+constexpr std::size_t s_aheadSize = std::size_t{64} * 1024;
 
 std::int64_t seekIn(HBLFmFile& file, std::int64_t position, HBLFmFile::seekorigin origin) {
     return file.seek(HBLDowncastSize::int32(position), origin);

@@ -27,7 +27,8 @@ using mrl::detail::throwFailure;
 
 namespace {
 
-constexpr std::uint64_t LARGE_DOCUMENT = 1024 * 1024; // bytes; its names and buffers are not worth keeping
+constexpr std::uint64_t LARGE_DOCUMENT =
+    std::uint64_t{1024} * 1024; // bytes; its names and buffers are not worth keeping
 
 constexpr const char* PARSE = "MRLSOAPMessageIDeserializer::parse";
 constexpr const char* PARSE_CALL = "MRLSOAPMessageIDeserializer::parse()";

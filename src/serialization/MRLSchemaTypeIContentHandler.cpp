@@ -45,7 +45,7 @@ MRLSchemaTypeIContentHandler::MRLSchemaTypeIContentHandler(
     HBL_ASSERT(localname && *localname);
     HBL_ASSERT(m_objectRegistry);
     for (const MRLPrefixMapping& mapping : inScopeMappings) {
-        startPrefixMapping(mapping.prefix.c_str(), mapping.uri.c_str());
+        MRLSchemaTypeIContentHandler::startPrefixMapping(mapping.prefix.c_str(), mapping.uri.c_str());
     }
     const Name& name = *nameOf(localname, m_spareName);
     const WireAttributes wire = readAttributes(attributes);

@@ -24,7 +24,8 @@ SocketChannel::SocketChannel(const Poco::Net::StreamSocket& socket)
     : m_socket(socket) {
     m_socket.setBlocking(false);
     m_socket.setNoDelay(true);
-    ::fcntl(descriptor(), F_SETFD, FD_CLOEXEC); // programs that the host starts have no part in it
+    ::fcntl(m_socket.impl()->sockfd(), F_SETFD,
+            FD_CLOEXEC); // programs that the host starts have no part in it
 }
 
 int SocketChannel::descriptor() const {

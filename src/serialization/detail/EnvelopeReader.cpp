@@ -22,7 +22,7 @@ namespace mrl::detail {
 namespace {
 
 /// UTF-16 units of text that the scanner gathers before it hands them on.
-constexpr XMLSize_t textPiece = 64 * 1024;
+constexpr XMLSize_t textPiece = XMLSize_t{64} * 1024;
 
 constexpr std::u16string_view xmlns = u"xmlns";
 
@@ -206,9 +206,9 @@ const XMLCh* EnvelopeReader::resolve(std::u16string_view qName, std::size_t colo
 void EnvelopeReader::refuse(std::u16string_view name, const char16_t* why) {
     std::u16string text = u"The name '";
     text.append(name).append(u"' ").append(why);
-    const xercesc::SAXParseException failure(text.c_str(), *m_scanner->getLocator());
-    m_errors->fatalError(failure);
-    throw failure; // whatever the handler does
+    const xercesc::Locator& place = *m_scanner->getLocator();
+    m_errors->fatalError(xercesc::SAXParseException(text.c_str(), place));
+    throw xercesc::SAXParseException(text.c_str(), place); // whatever the handler does
 }
 
 void EnvelopeReader::docCharacters(const XMLCh* chars, const XMLSize_t length, const bool /*isCdata*/) {
