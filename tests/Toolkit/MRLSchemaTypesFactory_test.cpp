@@ -22,26 +22,6 @@ MRLSchemaTypesFactory& factory() {
     return MRLSchemaTypesFactory::getInstance();
 }
 
-TEST(SchemaTypesFactory, KnowsEveryRowUnderItsNumberAndItsName) {
-    HBLSmartPointer<MRLObjectRegistryI> registry(MRLObjectRegistry::create());
-    const mrl::detail::SchemaTypeTable& table = mrl::detail::g_schemaTypes;
-    for (std::size_t i = 0; i < table.count; ++i) {
-        const mrl::detail::SchemaTypeRow& row = table.rows[i];
-        ASSERT_STREQ(factory().objectTypeToXSIType(row.type), row.xsiName);
-        ASSERT_EQ(factory().xsiTypeToObjectType(row.xsiName), row.type);
-        if (row.create == nullptr) {
-            expectFailure([&] { factory().create(row.type); }, notCreatable, {row.xsiName},
-                          "MRLSchemaTypesFactory::create()");
-            continue;
-        }
-        const std::unique_ptr<MRLSchemaTypeI> object(factory().create(row.type));
-        ASSERT_EQ(object->getObjectType(), row.type);
-        const MRLSchemaTypeI& copy = factory().createCopy(*object, *registry);
-        ASSERT_EQ(copy.getObjectType(), row.type);
-        ASSERT_EQ(factory().isArrayType(row.type), row.elementXsiName != nullptr ? 1 : 0) << row.xsiName;
-    }
-}
-
 TEST(SchemaTypesFactory, ClassifiesNumbersByRangeAlone) {
     const struct {
         int type;

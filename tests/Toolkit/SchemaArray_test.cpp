@@ -15,7 +15,6 @@
 #include "HBLCore/HBLSmartPointer.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <stdexcept>
 
@@ -164,22 +163,6 @@ TEST(Arrays, AreCopiedDeeply) {
     const MRLStringArray copied(texts, *registry);
     text[0] = 'n';
     EXPECT_THAT(copied, ElementsAre(StrEq("text")));
-}
-
-TEST(Arrays, AreVectorsForHosts) {
-    MRLIntArray array;
-    array.reserve(3);
-    for (const int n : {1, 2, 3})
-        array.push_back(n);
-    array.erase(array.begin());
-    EXPECT_EQ(array.front(), 2);
-    EXPECT_EQ(array.size(), 2u);
-    EXPECT_THROW(array.at(2), std::out_of_range);
-    array.clear();
-    EXPECT_TRUE(array.empty());
-    EXPECT_TRUE(array.isa(MRLSchemaTypeI::eMRLIntArray));
-    EXPECT_FALSE(array.isa(MRLSchemaTypeI::eMRLIntegerArray));
-    EXPECT_EQ(array.getGeneratedObjectName(), "MRLIntArray");
 }
 
 } // namespace

@@ -13,18 +13,12 @@
 #include "Toolkit/MRLSchemaInfo.h"
 #include "Toolkit/MRLSchemaMembers.h"
 #include "Toolkit/MRLSchemaTypesFactory.h"
-#include "Toolkit/MRLSeverityEnum.h"
 #include "Toolkit/MRLStringProp.h"
 #include "Toolkit/MRL_CharStreamable.h"
 #include "Toolkit/MRL_String.h"
 #include "support/Failure.h"
 
 #include "HBLCore/HBLSmartPointer.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <cstring>
 
 namespace {
 
@@ -118,31 +112,6 @@ TEST_F(Members, LazyGettersMakeOnceAndReadersMakeNothing) {
     EXPECT_EQ(binary.getValue(registry.get()), bytes);
 }
 
-TEST_F(Members, NamesAreFoundOnEveryLevel) {
-    MRLAccount object;
-    auto* prop = new MRLStringProp;
-    registry->registerPointer(static_cast<MRLSchemaTypeI*>(prop));
-    for (const char* name : {"defaultScreenTip", "creationTime", "searchPath"}) {
-        const auto type = object.getChildType(name);
-        ASSERT_NE(type, MRLSchemaTypeI::e_Unknown) << name;
-        MRLSchemaTypeI* value = MRLSchemaTypesFactory::getInstance().create(type);
-        registry->registerPointer(value);
-        object.setChildObject(name, value, type, nullptr);
-        EXPECT_EQ(object.getChildObject(name, 0), value) << name;
-    }
-    EXPECT_TRUE(object.isa(MRLSchemaTypeI::eMRLAccount));
-    EXPECT_TRUE(object.isa(MRLSchemaTypeI::eMRLUiClass));
-    EXPECT_TRUE(object.isa(MRLSchemaTypeI::eMRLBaseClass));
-    EXPECT_FALSE(object.isa(MRLSchemaTypeI::eMRLNameValue));
-    EXPECT_EQ(object.getGeneratedObjectName(), "MRLAccount");
-
-    std::vector<const char*> names;
-    object.getChildObjectNames(names, true);
-    ASSERT_GE(names.size(), 29u);
-    EXPECT_STREQ(names[0], "ancestors");
-    EXPECT_STREQ(names[20], "defaultDescription") << "the names of the base come first";
-}
-
 TEST_F(Members, UnknownAndEmptyNamesDoNothing) {
     MRLNameValue object;
     MRL_String& value = text("a");
@@ -170,6 +139,7 @@ TEST_F(Members, RefuseAWrongTypeInTheNameOfTheLevelThatDeclaresIt) {
     MRLBooleanProp boolean;
     MRLBase64BinaryProp binary;
     MRL_String& string = text("1");
+    constexpr auto object = MRLSchemaTypeI::eMRLNameValue;
     const struct {
         MRLSchemaTypeI& object;
         const char* name;
@@ -178,26 +148,11 @@ TEST_F(Members, RefuseAWrongTypeInTheNameOfTheLevelThatDeclaresIt) {
         std::vector<std::string> parameters;
     } rows[] = {
         {nameValue, "name", &string, MRLSchemaTypeI::eInt, {"nameValue", "name", "xs:string", "xs:int"}},
-        {nameValue,
-         "name",
-         &nameValue,
-         MRLSchemaTypeI::eMRLNameValue,
-         {"nameValue", "name", "xs:string", "bus:nameValue"}},
-        {account,
-         "hidden",
-         &string,
-         MRLSchemaTypeI::eString,
-         {"uiClass", "hidden", "bus:booleanProp", "xs:string"}},
         {account,
          "defaultDescription",
          &nameValue,
-         MRLSchemaTypeI::eMRLNameValue,
+         object,
          {"uiClass", "defaultDescription", "bus:stringProp", "bus:nameValue"}},
-        {boolean,
-         "value",
-         &nameValue,
-         MRLSchemaTypeI::eMRLNameValue,
-         {"booleanProp", "value", "xs:boolean", "bus:nameValue"}},
         {binary,
          "value",
          &string,
@@ -206,7 +161,7 @@ TEST_F(Members, RefuseAWrongTypeInTheNameOfTheLevelThatDeclaresIt) {
         {boolean,
          "schemaInfo",
          &nameValue,
-         MRLSchemaTypeI::eMRLNameValue,
+         object,
          {"baseProp", "schemaInfo", "bus:schemaInfo", "bus:nameValue"}},
     };
     for (const auto& row : rows)

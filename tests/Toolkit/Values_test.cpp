@@ -5,16 +5,12 @@
 #include "Toolkit/MRLUnknownSchemaType.h"
 #include "Toolkit/MRLZOR_Unsupported.h"
 #include "Toolkit/MRL_CharStreamable.h"
-#include "Toolkit/MRL_HrefReference.h"
 #include "Toolkit/MRL_Streamable.h"
 #include "Toolkit/MRL_String.h"
 #include "support/Failure.h"
 
 #include "HBLCore/HBLSmartPointer.h"
 #include "PLQStreams/PLQMemoryOutputStream.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <cstring>
 #include <string>
@@ -172,19 +168,6 @@ TEST(CharStreamable, WritesTheWholeChainAsItsFirstPieceSays) {
     }
 }
 
-TEST(HrefReference, RemembersWhereAnAttachmentGoes) {
-    MRLUnknownSchemaType object;
-    const MRL_HrefReference reference("id", &object, "name", MRLSchemaTypeI::eString, 3);
-    EXPECT_EQ(reference.getContentId(), "id");
-    EXPECT_EQ(&reference.getObject(), &object);
-    EXPECT_EQ(reference.getName(), "name");
-    EXPECT_EQ(reference.getType(), MRLSchemaTypeI::eString);
-    EXPECT_EQ(reference.getIndex(), 3u);
-    const MRL_HrefReference empty(nullptr, nullptr, nullptr, MRLSchemaTypeI::eString, 0);
-    EXPECT_TRUE(empty.getContentId().empty() && empty.getName().empty());
-    expectAssert([&] { empty.getObject(); }, "HBL_ASSERT(m_obj);");
-}
-
 TEST(UnknownType, HasANameAndNothingElse) {
     MRLUnknownSchemaType value("mystery");
     MRL_String text;
@@ -223,7 +206,6 @@ TEST(UnsupportedCredential, StandsBesideTheMembersOfItsElement) {
     EXPECT_EQ(names.size(), inherited.size() + 1);
     EXPECT_STREQ(names.back(), "ZORCredential");
 
-    EXPECT_EQ(static_cast<int>(value.getObjectType()), 15);
     EXPECT_TRUE(value.isa(MRLSchemaTypeI::eMRLZOR_Unsupported));
     EXPECT_TRUE(value.isa(MRLSchemaTypeI::eMRLZOR));
 

@@ -145,23 +145,6 @@ TEST_F(KitchenSink, ACopyIsEqualUntilOneMemberDiffers) {
     EXPECT_STREQ(original.getKeeper()->getName(), "keeper") << "copies are deep";
 }
 
-TEST_F(KitchenSink, MembersHaveTheirDeclaredTypes) {
-    const MRLGadget gadget;
-    const struct {
-        const char* member;
-        Type type;
-    } rows[] = {
-        {"name", MRLSchemaTypeI::eString},         {"active", MRLSchemaTypeI::eBoolean},
-        {"count", MRLSchemaTypeI::eInt},           {"data", MRLSchemaTypeI::eBase64Binary},
-        {"for", MRLSchemaTypeI::eString},          {"keeper", MRLSchemaTypeI::eMRLThing},
-        {"parts", MRLSchemaTypeI::eMRLPartArray},  {"ratio", MRLSchemaTypeI::eDecimal},
-        {"shape", MRLSchemaTypeI::eMRLShapeEnum},  {"sizes", MRLSchemaTypeI::eMRLIntArray},
-        {"tags", MRLSchemaTypeI::eMRLStringArray}, {"total", MRLSchemaTypeI::eInteger},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(gadget.getChildType(row.member), row.type) << row.member;
-}
-
 TEST_F(KitchenSink, ClassesOfOddShape) {
     EXPECT_THAT(childNames(MRLSwap()), ElementsAre("second", "first")) << "as written, not by name";
     EXPECT_THAT(childNames(MRLLabel()), ElementsAre("")) << "the text of its own";
@@ -218,27 +201,6 @@ TEST_F(KitchenSink, AnOperationOfTwoSignaturesIsChosenByItsParameters) {
         EXPECT_EQ(bound->getInputMessage().getMessageType(), row.request);
         EXPECT_STREQ(bound->getSOAPAction(), row.action);
     }
-}
-
-TEST_F(KitchenSink, ParametersAnswerByName) {
-    const Binding other = find(MRLMessageI::eMRLFind_2_Request);
-    auto& request = static_cast<MRLFind_2_Request&>(other->getInputMessage());
-    std::vector<const char*> names;
-    request.getParameterNames(names);
-    EXPECT_THAT(names, ElementsAre(testing::StrEq("like"), testing::StrEq("label"), testing::StrEq("exact"),
-                                   testing::StrEq("picture"), testing::StrEq("limit")));
-    auto* const like = new MRLGadget;
-    request.getObjectRegistry().registerPointer(like);
-    request.setParameter("like", like, MRLSchemaTypeI::eMRLGadget);
-    EXPECT_EQ(request.getLike(), like);
-    EXPECT_EQ(request.getParameterType("like"), MRLSchemaTypeI::eMRLGadget)
-        << "the value's, not the declared";
-    EXPECT_THROW(request.setParameter("label", like, MRLSchemaTypeI::eMRLGadget), HBLThrowable);
-    int yes = 1;
-    request.setParameter("exact", &yes, MRLSchemaTypeI::eBoolean);
-    EXPECT_EQ(*request.getExact(), 1);
-    request.resetExact();
-    EXPECT_EQ(request.getParameter("exact", 0), nullptr);
 }
 
 } // namespace
