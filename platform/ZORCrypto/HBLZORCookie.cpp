@@ -1,16 +1,11 @@
 #include "ZORCrypto/HBLZORCookie.h"
 
 #include "ZORCrypto/ZORError.h"
+#include "ZORCrypto/detail/Clock.h"
 #include "ZORCrypto/detail/KeyRing.h"
 #include "ZORCrypto/detail/SignedText.h"
 
-namespace {
-
-std::chrono::sys_seconds currentSecond() {
-    return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-}
-
-} // namespace
+using mrl::detail::currentSecond;
 
 HBLZORCookie::HBLZORCookie(const char* value)
     : m_value(value != nullptr ? value : "") {}

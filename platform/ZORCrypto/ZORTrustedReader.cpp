@@ -2,27 +2,24 @@
 
 #include "HBLCore/HBLThreadGuard.h"
 #include "ZORCrypto/ZORError.h"
+#include "ZORCrypto/detail/Clock.h"
 #include "ZORCrypto/detail/KeyRing.h"
 #include "ZORCrypto/detail/SealedDocument.h"
 #include "ZORCrypto/detail/Text.h"
 
 #include <algorithm>
 
+using mrl::detail::currentSecond;
 using mrl::detail::Purpose;
 using mrl::detail::refuse;
 using mrl::detail::SealedHeader;
 
-namespace {
-
-std::chrono::sys_seconds currentSecond() {
-    return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-}
-
-} // namespace
-
 ZORTrustedReader::ZORTrustedReader(std::chrono::seconds window)
+    : ZORTrustedReader(window, currentSecond()) {}
+
+ZORTrustedReader::ZORTrustedReader(std::chrono::seconds window, std::chrono::sys_seconds started)
     : m_window(window.count())
-    , m_started(currentSecond().time_since_epoch().count()) {}
+    , m_started(started.time_since_epoch().count()) {}
 
 bool ZORTrustedReader::isProtected(std::string_view body) noexcept {
     return mrl::detail::isArmoured(body);

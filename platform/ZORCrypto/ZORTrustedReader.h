@@ -23,6 +23,8 @@ public:
 
     /// @param window how far the sender's clock and the way here may be off, either way.
     explicit ZORTrustedReader(std::chrono::seconds window = std::chrono::seconds(300));
+    /// The same for a reader that began at a time of the caller's.
+    ZORTrustedReader(std::chrono::seconds window, std::chrono::sys_seconds started);
 
     /// Whether the body of a request says of itself that it is a protected one. Nothing is proven by that.
     static bool isProtected(std::string_view body) noexcept;
@@ -40,6 +42,6 @@ private:
 
     HBLThreadCriticalSection m_lock;
     const std::int64_t m_window;
-    std::int64_t m_started; // what is older may have been opened by a reader before this one
-    std::set<Seen> m_seen;  // those within the window
+    const std::int64_t m_started; // what is older may have been opened by a reader before this one
+    std::set<Seen> m_seen;        // those within the window
 };

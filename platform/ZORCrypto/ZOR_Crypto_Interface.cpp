@@ -2,6 +2,7 @@
 
 #include "HBLCore/HBLThreadGuard.h"
 #include "ZORCrypto/ZORKeyStore.h"
+#include "ZORCrypto/detail/Clock.h"
 #include "ZORCrypto/detail/CryptoHandle.h"
 #include "ZORCrypto/detail/KeyRing.h"
 #include "ZORCrypto/detail/KeyStoreFile.h"
@@ -9,7 +10,6 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
 #include <map>
 #include <memory>
 #include <new>
@@ -208,8 +208,8 @@ ZOR_Int32 ZOR_EncryptCredential(const char* credential, ZOR_UInt32 length, const
             refuse(eZORBadArgument, "there are no flags but 0");
         std::string sealed;
         mrl::detail::sealDocument(*mrl::detail::keysForWriting(), Purpose::credential, {},
-                                  viewOf(passport, passportLength, "the passport"), std::time(nullptr),
-                                  {credential, length}, sealed);
+                                  viewOf(passport, passportLength, "the passport"),
+                                  mrl::detail::secondsSince1970(), {credential, length}, sealed);
         giveOut(sealed, result, resultSize);
     });
 }

@@ -179,22 +179,25 @@ TEST_F(Protection, OfTrustedRequestsHoldsOnceAndForAWhile) {
     writeStore(KNOWN_STORE);
     const auto statusOf = [](ZORTrustedReader& reader, const std::string& body, std::int64_t at) {
         try {
-            return reader.open(body, sys_seconds(seconds(at))).service == "RENQ" ? 0 : 1;
+            return reader.open(body, sys_seconds(seconds(at))).text == "<e/>" ? 0 : 1;
         } catch (const ZORError& e) {
             return static_cast<int>(e.getStatus());
         }
     };
-    ZORTrustedReader reader;
-    const auto now = std::time(nullptr);
-    const std::string fresh = Handle("RENQ", "VantorTrustedRequest").protect("<e/>");
-    EXPECT_TRUE(ZORTrustedReader::isProtected(fresh));
+    constexpr std::int64_t WINDOW = 300;
+    const std::string request = trustedDocument();
+    EXPECT_TRUE(ZORTrustedReader::isProtected(request));
     EXPECT_FALSE(ZORTrustedReader::isProtected("<?xml version=\"1.0\"?>"));
-    EXPECT_EQ(statusOf(reader, fresh, now + 400), eZORExpired) << "too old";
-    EXPECT_EQ(statusOf(reader, fresh, now - 400), eZORExpired) << "from the future";
-    EXPECT_EQ(statusOf(reader, fresh, now), 0);
-    EXPECT_EQ(statusOf(reader, fresh, now), eZORExpired) << "a second time";
-    EXPECT_EQ(statusOf(reader, trustedDocument(), MADE), MADE < now ? eZORExpired : 0)
-        << "before this reader began";
+    ZORTrustedReader reader{seconds(WINDOW), sys_seconds{seconds(MADE)}};
+    EXPECT_EQ(statusOf(reader, request, MADE + WINDOW + 1), eZORExpired) << "too old";
+    EXPECT_EQ(statusOf(reader, request, MADE - WINDOW - 1), eZORExpired) << "from the future";
+    EXPECT_EQ(statusOf(reader, request, MADE - WINDOW), 0);
+    EXPECT_EQ(statusOf(reader, request, MADE + WINDOW), eZORExpired) << "a second time";
+    ZORTrustedReader later{seconds(WINDOW), sys_seconds{seconds(MADE + 1)}};
+    EXPECT_EQ(statusOf(later, request, MADE), eZORExpired) << "made before this reader began";
+    const std::string fresh = Handle("RENQ", "VantorTrustedRequest").protect("<e/>");
+    ZORTrustedReader always{std::chrono::years(9999), sys_seconds{}};
+    EXPECT_EQ(statusOf(always, fresh, MADE), 0) << "whatever the clock of this machine says";
 }
 
 TEST_F(Protection, GoesOnWithOldKeysAfterARotationThatRunningHandlesNotice) {

@@ -1,13 +1,13 @@
 #include "ZORCrypto/detail/CryptoHandle.h"
 
 #include "ZORCrypto/ZORError.h"
+#include "ZORCrypto/detail/Clock.h"
 #include "ZORCrypto/detail/KeyRing.h"
 #include "ZORCrypto/detail/SealedDocument.h"
 #include "ZORCrypto/detail/SignedText.h"
 
 #include <algorithm>
 #include <array>
-#include <ctime>
 #include <utility>
 
 namespace mrl::detail {
@@ -73,7 +73,7 @@ std::string CryptoHandle::protect(std::string_view data) const {
     switch (wanted) {
     case Purpose::specification: signSpecification(*keys, m_service, data, out); return out;
     case Purpose::secureState: return issueState(*keys, m_service, m_issuesExternal, data);
-    default: sealDocument(*keys, wanted, m_service, {}, std::time(nullptr), data, out);
+    default: sealDocument(*keys, wanted, m_service, {}, secondsSince1970(), data, out);
     }
     return wanted == Purpose::trustedRequest ? armour(out) : out;
 }

@@ -2,10 +2,10 @@
 
 #include "HBLCore/HBLFmDir.h"
 #include "ZORCrypto/ZORError.h"
+#include "ZORCrypto/detail/Clock.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <ctime>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <system_error>
@@ -178,7 +178,7 @@ bool KeyStoreFile::create() const {
         systemFailed("locked", errno);
     if (look())
         return false;
-    replace(KeySet::create(std::time(nullptr)));
+    replace(KeySet::create(secondsSince1970()));
     return true;
 }
 
@@ -193,7 +193,7 @@ KeySet KeyStoreFile::rotate() const {
     std::optional<KeySet> keys = read();
     if (!keys)
         missing();
-    keys->addNewKey(std::time(nullptr));
+    keys->addNewKey(secondsSince1970());
     replace(*keys);
     return *std::move(keys);
 }
