@@ -1,6 +1,7 @@
-#include "Session/Table.h"
 #include "support/ConfigurationFile.h"
 #include "support/Failure.h"
+#include "support/Files.h"
+#include "support/Table.h"
 
 #include "HBLCFGAPI/HBLConfigurationDocument.h"
 #include "HBLCFGAPI/HBLConfigurationError.h"
@@ -203,12 +204,9 @@ TEST(Configuration, ShipsAFileThatNamesEveryPropertyAndHoldsTheDefaults) {
         ASSERT_NE(known, nullptr) << given.name;
         EXPECT_EQ(given.value, known->defaultValue) << given.name;
     }
-    std::ifstream in(MRL_RESOURCES "/qzconfig.xml");
-    std::stringstream text;
-    text << in.rdbuf();
+    const std::string text = mrl::test::bytesOfFile(MRL_RESOURCES "/qzconfig.xml");
     for (const HBLConfigurationName& known : HBLConfigurationNames::all()) {
-        EXPECT_NE(text.str().find("<qzn:parameter name=\"" + std::string(known.name) + "\">"),
-                  std::string::npos)
+        EXPECT_NE(text.find("<qzn:parameter name=\"" + std::string(known.name) + "\">"), std::string::npos)
             << known.name;
     }
 }

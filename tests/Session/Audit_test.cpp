@@ -1,8 +1,7 @@
 // What a session writes into the log, for each way that a call can end and each level.
 #include "Session/MRLSOAPSession.h"
-#include "Toolkit/MRLContentManagerServicePortType.h"
+#include "Session/Replies.h"
 #include "Toolkit/MRLMessageI.h"
-#include "Toolkit/MRLPortTypeBinding.h"
 #include "Toolkit/MRLSOAPFault.h"
 #include "Toolkit/MRLTavelHeader.h"
 #include "serialization/MRLSOAPFaultException.h"
@@ -14,7 +13,6 @@
 #include "TavelTK/TavelTKException.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 #include <thread>
@@ -28,18 +26,10 @@ constexpr const char* CONTEXT =
     "test URI=http://bus.example/service "
     "SOAPACTION=http://www.vantor.example/xmlns/prod/vantor/contentManagerService/202004/";
 
-std::string envelope(const std::string& body) {
-    return R"(<e:Envelope xmlns:e="http://schemas.xmlsoap.org/soap/envelope/" )"
-           R"(xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xmlns:xs="http://www.w3.org/2001/XMLSchema">)"
-           "<e:Body>" +
-           body + "</e:Body></e:Envelope>";
-}
-const std::string ANSWER = envelope("<r><result xsi:type='xs:string'>cm1</result></r>");
-const std::string BROKEN = envelope("<r><result>") + std::string(5000, '.');
+const std::string ANSWER = mrl::test::answer("cm1");
+const std::string BROKEN = mrl::test::envelope("<r><result>") + std::string(5000, '.');
 const std::string FAULT =
-    envelope("<e:Fault><faultcode>Client</faultcode><faultstring>no</faultstring><detail><exception>"
-             "<errorCode>cmNoRead</errorCode><message><messageString>not for you</messageString></message>"
-             "</exception></detail></e:Fault>");
+    mrl::test::fault("cmNoRead", "<message><messageString>not for you</messageString></message>");
 
 std::string configuration(int level, const char* perfLevel) {
     return R"({"sinks": {"audit": {"type": "file", "path": "log"}, "perf": {"type": "file", "path": "perf"}},
@@ -59,11 +49,6 @@ std::string escaped(const std::string& text) {
     return replaced(replaced(replaced(text, "\"", "\\\""), "\n", "\\n"), "\t", "\\t");
 }
 
-HBLSmartPointer<MRLPortTypeBinding> bind() {
-    return MRLContentManagerServicePortType::getInstance().createPortTypeBinding(
-        MRLMessageI::eMRLContentGetActiveContentManager_Request);
-}
-
 /// One call over a scripted bus, and what became of it.
 struct Call {
     Call(std::string answer, int code = 0, const std::string& failingOperation = "", int times = 1)
@@ -77,7 +62,7 @@ struct Call {
         }
         MRLSOAPSession session(nullptr, nullptr, nullptr, nullptr, nullptr, "test");
         session.setURI("http://bus.example/service");
-        const auto binding = bind();
+        const auto binding = mrl::test::TextCall().binding;
         binding->getInputMessage().setTavelHeader(&header);
         try {
             session.submit(*binding, MRLSOAPSession::eMRLSOAPUntrusted, nullptr);
@@ -216,8 +201,9 @@ TEST(Audit, ServesManyThreadsOfOneSession) {
     std::vector<std::thread> threads;
     for (int number = 0; number < 16; ++number) {
         threads.emplace_back([&] {
-            EXPECT_THROW(session.submit(*bind(), MRLSOAPSession::eMRLSOAPUntrusted, nullptr),
-                         TavelTKException);
+            EXPECT_THROW(
+                session.submit(*mrl::test::TextCall().binding, MRLSOAPSession::eMRLSOAPUntrusted, nullptr),
+                TavelTKException);
         });
     }
     for (std::thread& thread : threads) {

@@ -1,6 +1,7 @@
 // A document on each of its stores, copied to each of its targets; and each file operation failing once.
 #include "DocumentFixture.h"
 #include "Session/MRLDocumentOutput.h"
+#include "support/Files.h"
 
 #include "HBLCore/HBLByteBuffer.h"
 #include "HBLCore/HBLFmFile.h"
@@ -17,16 +18,12 @@
 #include <sstream>
 
 using mrl::test::bytesOf;
+using mrl::test::bytesOfFile;
 using mrl::test::Documents;
 using mrl::test::FailingStep;
 using mrl::test::FullDisk;
 
 namespace {
-
-std::string fileText(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 std::string unpacked(const std::string& bytes) {
     PLQMemoryInputStream in(bytes.data(), bytes.size());
@@ -52,11 +49,11 @@ std::string copied(MRLDocumentOutput& document, const std::string& directory) {
     HBLFmFile file;
     file.open(path.c_str(), HBLFmFile::eCreateAlways, 0);
     document >> file;
-    EXPECT_EQ(fileText(path), bytes);
+    EXPECT_EQ(bytesOfFile(path), bytes);
     std::FILE* const f = std::fopen(path.c_str(), "wb");
     document >> f;
     std::fclose(f);
-    EXPECT_EQ(fileText(path), bytes);
+    EXPECT_EQ(bytesOfFile(path), bytes);
     document.close();
     HBLByteBuffer read;
     document.read(read, bytes.size() + 10);
@@ -103,7 +100,7 @@ TEST_P(Output, ComesOutAsItWentInWhereverItGoes) {
     const bool inFile = stored.size() > 1000;
     const char* const name = document->availableFileName();
     EXPECT_EQ(name != nullptr, inFile && !GetParam().encrypted);
-    EXPECT_EQ(name != nullptr ? fileText(name) : stored, stored);
+    EXPECT_EQ(name != nullptr ? bytesOfFile(name) : stored, stored);
 }
 
 TEST_P(Output, IsWholeOrFailsHoweverItsFileFails) {

@@ -2,14 +2,13 @@
 #include "DocumentFixture.h"
 #include "Session/MRLDocumentOutput.h"
 #include "Session/MRLSOAPSession.h"
+#include "Session/Replies.h"
 #include "Toolkit/MRLBase64Binary.h"
 #include "Toolkit/MRLBase64BinaryMIMEProp.h"
 #include "Toolkit/MRLBaseClassArray.h"
 #include "Toolkit/MRLContentAdd_Request.h"
-#include "Toolkit/MRLContentManagerServicePortType.h"
 #include "Toolkit/MRLContentQuery_Reply.h"
 #include "Toolkit/MRLDocumentContent.h"
-#include "Toolkit/MRLPortTypeBinding.h"
 #include "Toolkit/MRLTavelHeader.h"
 #include "support/ScriptedPeer.h"
 
@@ -19,7 +18,6 @@
 #include "TavelTK/TavelTKException.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using mrl::test::bytesOf;
 using mrl::test::Documents;
@@ -40,9 +38,8 @@ void submit(const std::string& url, const Binding& call, const MRLAttachmentList
     session.submit(*call, attachments, MRLSOAPSession::eMRLSOAPUntrusted, nullptr);
 }
 
-std::string envelope(const std::string& body) {
-    return R"(<e:Envelope xmlns:e="http://schemas.xmlsoap.org/soap/envelope/" xmlns:b="http://developer.vantor.example/schemas/tavel/3/" xmlns:i="http://www.w3.org/2001/XMLSchema-instance"><e:Body><r>)" +
-           body + "</r></e:Body></e:Envelope>";
+std::string envelope(const std::string& parameters) {
+    return mrl::test::envelope("<r>" + parameters + "</r>");
 }
 
 // An attachment's id may hold what is white space or an escape elsewhere: it is bytes.
@@ -85,7 +82,7 @@ TEST(DocumentsOverTheWire, GoOutAsTheyAreStored) {
 std::string partsReply(const std::string& bytes) {
     const std::string body =
         "--B\r\nContent-Type: text/xml\r\nContent-ID: <root>\r\n\r\n" +
-        envelope(std::string("<q><item i:type='b:documentContent'><data><value href='cid:") +
+        envelope(std::string("<q><item xsi:type='b:documentContent'><data><value href='cid:") +
                  WITH_MARKUP_IN_XML + "'/></data></item></q>") +
         "\r\n--B\r\nContent-Type: text/csv\r\nContent-ID: <" + WITH_MARKUP + ">\r\n\r\n" + bytes +
         "\r\n--B--\r\n";

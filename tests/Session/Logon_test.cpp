@@ -1,6 +1,5 @@
 #include "Common/MRLException.h"
 #include "Session/MRLHelper.h"
-#include "Session/Table.h"
 #include "Toolkit/MRLDispatcherTransportVar.h"
 #include "Toolkit/MRLDispatcherTransportVarArray.h"
 #include "Toolkit/MRLFormFieldVar.h"
@@ -14,18 +13,16 @@
 #include "support/ConfigurationFile.h"
 #include "support/Failure.h"
 #include "support/FakeBus.h"
+#include "support/Files.h"
 #include "support/KeyStore.h"
+#include "support/Table.h"
 
 #include "HBLCore/HBLSmartPointer.h"
 #include "HBLCore/I18NString.h"
 #include "ZORCrypto/HBLZORCookie.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <chrono>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -51,8 +48,7 @@ HBLSmartPointer<MRLObjectRegistryI> registry() {
 }
 
 TEST(AnonymousLogon, TakesThePassportFromTheReply) {
-    std::ifstream file(MRL_TEST_DATA "/golden/logon_request.xml");
-    const std::string request{std::istreambuf_iterator<char>(file), {}};
+    const std::string request = mrl::test::golden("logon_request.xml");
     for (const auto& row : mrl::test::table("logon.txt")) { // header of the reply, form, passport or failure
         FakeBus bus;
         bus.answer(reply(row[0] == "*" ? PASSPORT : row[0]));
@@ -101,16 +97,17 @@ TEST(AnonymousLogon, GivesTheHeaderOfTheReply) {
                   msg::malformedXmlDocument, {"1", "1"});
 }
 
+const std::string DECLARATIONS = " xmlns:b=\"http://developer.vantor.example/schemas/tavel/3/\" "
+                                 "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
+                                 "xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\" xsi:type=";
+
 TEST(Headers, ComeFromTexts) {
-    const std::string declarations = " xmlns:b=\"http://developer.vantor.example/schemas/tavel/3/\" "
-                                     "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
-                                     "xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\" xsi:type=";
     const auto objects = registry();
     std::string text = PASSPORT;
-    text.replace(text.find(" xsi:type="), 10, declarations);
+    text.replace(text.find(" xsi:type="), 10, DECLARATIONS);
     EXPECT_STREQ(MRLHelper::getPassport(MRLHelper::getMRLTavelHeaderFromString(text.c_str(), objects.get())),
                  "101:abc");
-    text = "<x" + declarations + "\"b:ZOR\"/>";
+    text = "<x" + DECLARATIONS + "\"b:ZOR\"/>";
     EXPECT_EQ(MRLHelper::getMRLTavelHeaderFromString(text.c_str(), objects.get()), nullptr);
     expectAssert([&] { MRLHelper::getMRLTavelHeaderFromString(nullptr, objects.get()); },
                  "HBL_ASSERT(tavel_header != NULL);");
@@ -121,7 +118,7 @@ TEST(Headers, ComeFromTexts) {
     for (const char* bad : {"<a/>", "no XML", "<a"}) {
         EXPECT_THROW(MRLHelper::getMRLTavelHeaderFromString(bad, objects.get()), HBLThrowable) << bad;
     }
-    text = "<x" + declarations + "\"b:tavelHeader\" xsi:nil=\"true\"/>";
+    text = "<x" + DECLARATIONS + "\"b:tavelHeader\" xsi:nil=\"true\"/>";
     expectAssert([&] { MRLHelper::getMRLTavelHeaderFromString(text.c_str(), objects.get()); },
                  "HBL_ASSERT(pDeserializedObject != NULL);");
 }
@@ -130,9 +127,6 @@ class Cookies : public WithStore {};
 
 TEST_F(Cookies, GiveTheAccessBlockThatTheyCarrySigned) {
     writeStore(KNOWN_STORE);
-    constexpr const char* DECLARATIONS = " xmlns:b=\"http://developer.vantor.example/schemas/tavel/3/\" "
-                                         "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
-                                         "xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\" xsi:type=";
     const auto cookie = [](const std::string& xml) {
         return HBLZORCookie::fromXMLString(xml, std::chrono::hours(1)).getValue();
     };
@@ -228,14 +222,6 @@ TEST(Endpoints, AndTheirLikeComeFromTheConfiguration) {
             EXPECT_EQ(algorithm, row[5]) << row[0];
         }
     }
-}
-
-TEST(Endpoints, KeepTheAddressOfTheHost) {
-    MRLHelper::setUserSpecifiedURI("http://host");
-    std::string got;
-    MRLHelper::getUserSpecifiedURI(got);
-    EXPECT_EQ(got, "http://host");
-    MRLHelper::setUserSpecifiedURI("");
 }
 
 } // namespace

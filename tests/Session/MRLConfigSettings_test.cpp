@@ -1,8 +1,9 @@
 #include "Session/MRLAdvancedSetting.h"
 #include "Session/MRLConfigSettings.h"
-#include "Session/Table.h"
 #include "support/ConfigurationFile.h"
 #include "support/Failure.h"
+#include "support/Files.h"
+#include "support/Table.h"
 
 #include "HBLCFGAPI/HBLConfigurationError.h"
 #include "HBLIDOM/HBLIDOM.h"
@@ -67,8 +68,7 @@ std::set<std::string> all(const Settings& s) {
 
 TEST(MRLConfigSettings, AreTheDefaultsButForWhatASettingChanges) {
     const std::set<std::string> defaults = all(*Read("").operator->());
-    std::stringstream page;
-    page << std::ifstream(MRL_RESOURCES "/../docs/configuration.md").rdbuf();
+    const std::string page = mrl::test::bytesOfFile(MRL_RESOURCES "/../docs/configuration.md");
     std::set<std::string> tried;
     for (const auto& row : mrl::test::table("settings.txt")) {
         const Read settings(row[0] == "*" ? "" : advanced(row[0], row[1]));
@@ -83,8 +83,7 @@ TEST(MRLConfigSettings, AreTheDefaultsButForWhatASettingChanges) {
     }
     for (const MRLAdvancedSetting& setting : MRLAdvancedSetting::all()) { // the rows for tools and people
         EXPECT_TRUE(setting.name == "RENQ.CSV.TRIMSPACES" || tried.contains(std::string(setting.name)));
-        EXPECT_NE(page.str().find("\n| `" + std::string(setting.name) + "` | "), std::string::npos)
-            << setting.name;
+        EXPECT_NE(page.find("\n| `" + std::string(setting.name) + "` | "), std::string::npos) << setting.name;
     }
 }
 

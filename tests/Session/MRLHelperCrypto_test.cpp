@@ -2,11 +2,9 @@
 #include "Session/MRLHelper.h"
 #include "Session/MRLProperty.h"
 #include "Session/MRLSOAPSession.h"
+#include "Session/Replies.h"
 #include "Session/detail/SpecSignature.h"
-#include "Toolkit/MRLContentGetActiveContentManager_Reply.h"
-#include "Toolkit/MRLContentManagerServicePortType.h"
 #include "Toolkit/MRLObjectRegistry.h"
-#include "Toolkit/MRLPortTypeBinding.h"
 #include "Toolkit/MRLQAF.h"
 #include "Toolkit/MRLTavelHeader.h"
 #include "Toolkit/MRLXmlEncodedXML.h"
@@ -206,39 +204,23 @@ TEST_F(CryptoGateway, ServesSixteenThreadsWithOneHandleForEachPurposeWhileKeysRo
         thread.join();
 }
 
-/// A call of an operation whose reply is one string.
-struct TrustedCall {
-    std::string submit(MRLSOAPSession::MRLSOAPTrusted trusted) {
-        MRLTavelHeader header;
-        MRLSOAPSession session(&header, nullptr, nullptr, nullptr, nullptr, SERVICE);
-        session.setURI("http://bus.example/service");
-        session.submit(*binding, trusted, nullptr);
-        return static_cast<MRLContentGetActiveContentManager_Reply&>(binding->getOutputMessage()).getResult();
-    }
-    HBLSmartPointer<MRLPortTypeBinding> binding{
-        MRLContentManagerServicePortType::getInstance().createPortTypeBinding(
-            MRLMessageI::eMRLContentGetActiveContentManager_Request)};
-};
-
-std::string envelope(const std::string& body) {
-    return "<e:Envelope xmlns:e='http://schemas.xmlsoap.org/soap/envelope/' "
-           "xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' "
-           "xmlns:xs='http://www.w3.org/2001/XMLSchema'><e:Body>" +
-           body + "</e:Body></e:Envelope>";
+std::string submit(const mrl::test::TextCall& call, MRLSOAPSession::MRLSOAPTrusted trusted) {
+    MRLTavelHeader header;
+    MRLSOAPSession session(&header, nullptr, nullptr, nullptr, nullptr, SERVICE);
+    session.setURI("http://bus.example/service");
+    session.submit(*call.binding, trusted, nullptr);
+    return call.result();
 }
 
 TEST_F(CryptoGateway, ProtectsTrustedRequestsSoThatTheBusReadsTheSameBytes) {
     mrl::test::FakeBus bus;
-    const std::string reply = envelope("<r><result xsi:type='xs:string'>cm1</result></r>");
-    bus.answer(envelope(
-        "<e:Fault><faultcode>Client</faultcode><faultstring>no</faultstring><detail><exception><errorCode>"
-        "cmNoPermission</errorCode></exception></detail></e:Fault>"));
-    bus.answer(reply);
-    bus.answer(reply);
+    bus.answer(mrl::test::fault("cmNoPermission"));
+    bus.answer(mrl::test::answer("cm1"));
+    bus.answer(mrl::test::answer("cm1"));
     ZORTrustedReader reader;
-    TrustedCall call;
-    EXPECT_EQ(call.submit(MRLSOAPSession::eMRLSOAPTrustedOnDenial), "cm1");
-    EXPECT_EQ(call.submit(MRLSOAPSession::eMRLSOAPTrusted), "cm1");
+    const mrl::test::TextCall call;
+    EXPECT_EQ(submit(call, MRLSOAPSession::eMRLSOAPTrustedOnDenial), "cm1");
+    EXPECT_EQ(submit(call, MRLSOAPSession::eMRLSOAPTrusted), "cm1");
     ASSERT_EQ(bus.requests.size(), 3u);
     for (const std::size_t sent : {1u, 2u}) {
         ASSERT_TRUE(ZORTrustedReader::isProtected(bus.requests[sent])) << bus.requests[sent];

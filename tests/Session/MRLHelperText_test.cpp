@@ -1,8 +1,8 @@
 #include "Common/HBLI18NBuffer.h"
 #include "Session/MRLHelper.h"
-#include "Session/Table.h"
 #include "support/ConfigurationFile.h"
 #include "support/Failure.h"
+#include "support/Table.h"
 
 #include "HBLCore/HBLByteBuffer.h"
 #include "HBLIDOM/HBLIDOM_Document.h"

@@ -1,7 +1,7 @@
 #include "Session/MRLProperty.h"
-#include "Session/Table.h"
 #include "Session/detail/PropertyAccess.h"
 #include "support/Failure.h"
+#include "support/Table.h"
 
 #include <gtest/gtest.h>
 

@@ -2,9 +2,7 @@
 // and the next one works.
 #include "Common/MRLException.h"
 #include "Session/MRLSOAPSession.h"
-#include "Toolkit/MRLContentGetActiveContentManager_Reply.h"
-#include "Toolkit/MRLContentManagerServicePortType.h"
-#include "Toolkit/MRLPortTypeBinding.h"
+#include "Session/Replies.h"
 #include "Toolkit/MRLTavelHeader.h"
 #include "support/ScriptedPeer.h"
 
@@ -14,7 +12,6 @@
 #include "TavelTK/TavelTKException.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <atomic>
 #include <string>
@@ -25,28 +22,20 @@ using testing::HasSubstr;
 
 namespace {
 
-constexpr const char* PROLOG = R"(<?xml version="1.0" encoding="UTF-8"?>)";
-
 std::string envelope(const std::string& result) {
-    return std::string(PROLOG) +
-           R"(<e:Envelope xmlns:e="http://schemas.xmlsoap.org/soap/envelope/" xmlns:b="http://developer.vantor.example/schemas/tavel/3/" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xmlns:xs="http://www.w3.org/2001/XMLSchema"><e:Body><r>)" +
-           result + "</r></e:Body></e:Envelope>";
+    return mrl::test::envelope("<r>" + result + "</r>");
 }
 
 std::string good() {
-    return envelope("<result xsi:type='xs:string'>cm1</result>");
+    return mrl::test::answer("cm1");
 }
 
 struct Session {
     explicit Session(const std::string& url) { session.setURI(url); }
     std::string ask() {
-        const HBLSmartPointer<MRLPortTypeBinding> call(
-            MRLContentManagerServicePortType::getInstance().createPortTypeBinding(
-                MRLMessageI::eMRLContentGetActiveContentManager_Request));
-        session.submit(*call, MRLSOAPSession::eMRLSOAPUntrusted, nullptr);
-        const auto& reply =
-            static_cast<const MRLContentGetActiveContentManager_Reply&>(call->getOutputMessage());
-        return reply.getResult() == nullptr ? "" : reply.getResult();
+        const mrl::test::TextCall call;
+        session.submit(*call.binding, MRLSOAPSession::eMRLSOAPUntrusted, nullptr);
+        return call.result();
     }
     MRLTavelHeader header;
     MRLSOAPSession session{&header, nullptr, nullptr, nullptr, nullptr, "test"};
@@ -123,10 +112,7 @@ INSTANTIATE_TEST_SUITE_P(
             ""},
         Bad{"closes_at_once", {"", Answer::close}, TavelTKError::closedBeforeReply, ""},
         Bad{"no_HTTP", {"220 mail.example ESMTP\r\n\r\n", Answer::close}, TavelTKError::badHttpReply, ""}),
-    [](const auto& row) {
-        std::string name = row.param.name;
-        return name;
-    });
+    [](const auto& row) { return std::string(row.param.name); });
 
 TEST(SessionOverTheWire, ABusThatIsNotThereIsNamed) {
     std::string url;

@@ -4,18 +4,18 @@
 #include "Common/MockTavelTKMessageWriter.h"
 #include "Common/MockTavelTKSession.h"
 #include "Session/MRLDocIo.h"
-#include "Session/MRLDocumentOutputI.h"
+#include "Session/MRLDocumentOutput.h"
 #include "Session/MRLSOAPSession.h"
 #include "Session/MRLServiceCallbackI.h"
 #include "Session/MRLTestInfo.h"
+#include "Session/Replies.h"
 #include "Toolkit/MRLAgentServicePortType.h"
-#include "Toolkit/MRLContentGetActiveContentManager_Reply.h"
-#include "Toolkit/MRLContentManagerServicePortType.h"
-#include "Toolkit/MRLPortTypeBinding.h"
 #include "Toolkit/MRLTavelHeader.h"
 #include "serialization/MRLSOAPFaultException.h"
+#include "support/Environment.h"
 #include "support/Failure.h"
 #include "support/FakeBus.h"
+#include "support/Files.h"
 #include "support/ScriptedPeer.h"
 #include "support/TemporaryDirectory.h"
 
@@ -26,11 +26,13 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
 #include <fstream>
-#include <sstream>
 
+using mrl::test::answer;
+using mrl::test::bytesOfFile;
+using mrl::test::envelope;
 using mrl::test::FakeBus;
+using mrl::test::fault;
 using mrl::test::TemporaryDirectory;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -40,54 +42,18 @@ namespace {
 
 using Attachments = MRLAttachmentList;
 
-std::string envelope(const std::string& body) {
-    return R"(<?xml version="1.0" encoding="UTF-8"?>)"
-           R"(<e:Envelope xmlns:e="http://schemas.xmlsoap.org/soap/envelope/" )"
-           R"(xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xmlns:xs="http://www.w3.org/2001/XMLSchema">)"
-           "<e:Body>" +
-           body + "</e:Body></e:Envelope>";
+void write(MRLDocumentOutput& document, const std::string& text) {
+    document.init(0, 0);
+    document.setMimeType("text/plain", nullptr);
+    document.write(text);
 }
-
-std::string answer(const std::string& result) {
-    return envelope("<r><result xsi:type='xs:string'>" + result + "</result></r>");
-}
-
-std::string fault(const std::string& code) {
-    return envelope(
-        "<e:Fault><faultcode>Client</faultcode><faultstring>no</faultstring><detail><exception><errorCode>" +
-        code + "</errorCode></exception></detail></e:Fault>");
-}
-
-std::string contentOf(const std::string& path) {
-    std::ostringstream text;
-    text << std::ifstream(path, std::ios::binary).rdbuf();
-    return text.str();
-}
-
-/// Sends a fixed text; all else of a document is of no concern to a session.
-struct Document final : MRLDocumentOutputI {
-    explicit Document(std::string text)
-        : bytes(std::move(text)) {}
-    std::ostream* getOStream() override { return nullptr; }
-    void operator>>(HBLByteBuffer&) override {}
-    void operator>>(std::FILE*) override {}
-    void operator>>(HBLFmFile&) override {}
-    void operator>>(std::ostream&) override {}
-    void operator>>(PLQOutputStream& target) override { target.write(bytes.data(), bytes.size()); }
-    const char* str() override { return nullptr; }
-    std::size_t pcount() override { return 0; }
-    MRL_Streamable* getAsAOMStreamable() override { return nullptr; }
-    const char* getUri() const override { return ""; }
-    const char* availableFileName() override { return ""; }
-    int getCompressed() const override { return 0; }
-    const char* getEncoding() const override { return ""; }
-    const char* getMimeType() const override { return "text/plain"; }
-    const char* getFormat() const override { return ""; }
-    std::string bytes;
-};
 
 struct Recording : testing::Test {
-    Recording() { session.setURI("http://bus.example/"); }
+    Recording() {
+        MRLDocIo::initialize();
+        session.setURI("http://bus.example/");
+    }
+    ~Recording() override { MRLDocIo::terminate(); }
 
     std::string ask(const MRLServiceCallbackI* callback = nullptr, const Attachments& attachments = {},
                     MRLSOAPSession::MRLSOAPTrusted trusted = MRLSOAPSession::eMRLSOAPUntrusted) {
@@ -96,13 +62,9 @@ struct Recording : testing::Test {
     static std::string askOf(const MRLSOAPSession& session, const MRLServiceCallbackI* callback = nullptr,
                              const Attachments& attachments = {},
                              MRLSOAPSession::MRLSOAPTrusted trusted = MRLSOAPSession::eMRLSOAPUntrusted) {
-        const HBLSmartPointer<MRLPortTypeBinding> call(
-            MRLContentManagerServicePortType::getInstance().createPortTypeBinding(
-                MRLMessageI::eMRLContentGetActiveContentManager_Request));
-        session.submit(*call, attachments, trusted, callback);
-        const auto& reply =
-            static_cast<const MRLContentGetActiveContentManager_Reply&>(call->getOutputMessage());
-        return reply.getResult() == nullptr ? "" : reply.getResult();
+        const mrl::test::TextCall call;
+        session.submit(*call.binding, attachments, trusted, callback);
+        return call.result();
     }
     void deleteHotList() {
         const HBLSmartPointer<MRLPortTypeBinding> call(
@@ -110,7 +72,7 @@ struct Recording : testing::Test {
                 MRLMessageI::eMRLAgentDeleteHotList_Request));
         session.submit(*call, MRLSOAPSession::eMRLSOAPUntrusted, nullptr);
     }
-    std::string read(const std::string& name) const { return contentOf(directory.path() + "/" + name); }
+    std::string read(const std::string& name) const { return bytesOfFile(directory.path() + "/" + name); }
 
     TemporaryDirectory directory;
     MRLTavelHeader header;
@@ -139,8 +101,7 @@ TEST_F(Recording, LeavesExactlyTheBytesUnderNamesCountedForEachService) {
                 ElementsAre("agentService.0-agentDeleteHotList_Reply.xml",
                             "agentService.0-agentDeleteHotList_Request.xml", file(CM_REPLY, 0),
                             file(CM_REQUEST, 0), file(CM_REPLY, 1), file(CM_REQUEST, 1)));
-    EXPECT_EQ(contentOf(MRL_TEST_DATA "/golden/agent_request.xml"),
-              read("agentService.0-agentDeleteHotList_Request.xml"));
+    EXPECT_EQ(mrl::test::golden("agent_request.xml"), read("agentService.0-agentDeleteHotList_Request.xml"));
     EXPECT_EQ(envelope("<r/>"), read("agentService.0-agentDeleteHotList_Reply.xml"));
     EXPECT_EQ(bus.requests[2], read(file(CM_REQUEST, 1)));
     EXPECT_EQ(answer("three"), read(file(CM_REPLY, 1)));
@@ -160,11 +121,13 @@ TEST_F(Recording, KeepsEveryAttachmentOfBothDirectionsInAFileOfItsOwn) {
                                   part + "a>\r\n\r\nname,total\n" + part + "b>\r\n\r\n" +
                                   std::string(1, '\0') + "\xff" + part + "c>\r\n\r\n\r\n--B--\r\n",
                               "200 OK", "multipart/related; boundary=B; start=\"<e>\"; type=\"text/xml\"")}});
-    MRLDocIo::initialize(); // attachments become documents
     session.setURI(peer.url());
     session.setRecordingBaseDir(directory.path().c_str());
-    Document first("first document");
-    Document second(std::string(100000, 'x'));
+    const std::string large(100000, 'x');
+    MRLDocumentOutput first;
+    MRLDocumentOutput second;
+    write(first, "first document");
+    write(second, large);
     EXPECT_EQ("cm", ask(nullptr, {{"1", &first}, {"2", &second}}));
 
     const std::string request = "contentManagerService.0-contentGetActiveContentManager_Request.attachment";
@@ -172,11 +135,10 @@ TEST_F(Recording, KeepsEveryAttachmentOfBothDirectionsInAFileOfItsOwn) {
     EXPECT_THAT(directory.files(), ElementsAre(file(CM_REPLY, 0), response, response + "2", response + "3",
                                                request, request + "2", file(CM_REQUEST, 0)));
     EXPECT_EQ("first document", read(request));
-    EXPECT_EQ(second.bytes, read(request + "2"));
+    EXPECT_EQ(large, read(request + "2"));
     EXPECT_EQ("name,total\n", read(response));
     EXPECT_EQ(std::string("\0\xff", 2), read(response + "2"));
     EXPECT_EQ("", read(response + "3"));
-    MRLDocIo::terminate();
     EXPECT_EQ(answer("cm"), read(file(CM_REPLY, 0)));
 }
 
@@ -291,7 +253,8 @@ TEST_F(Recording, AnswersAgainInTheSameOrderAndKeepsWhatIsSent) {
     }
     const FakeBus unused; // any exchange would be noted
     session.setPlaybackBaseDir(directory.path().c_str());
-    Document sent("sent again");
+    MRLDocumentOutput sent;
+    write(sent, "sent again");
     EXPECT_EQ("one", ask(nullptr, {{"1", &sent}}));
     EXPECT_THROW(ask(nullptr, {}, MRLSOAPSession::eMRLSOAPTrustedOnDenial), HBLThrowable)
         << "a fault as recorded, and no second attempt";
@@ -310,10 +273,9 @@ TEST_F(Recording, AnswersAgainInTheSameOrderAndKeepsWhatIsSent) {
 TEST_F(Recording, FallsBackToTheDirectoryAboveWithTheSameNumberAndThenCountsAnew) {
     const std::string below = directory.path() + "/below";
     ASSERT_TRUE(std::filesystem::create_directory(below));
-    const auto put = [](const std::string& path, const std::string& text) { std::ofstream(path) << text; };
-    put(below + "/" + file(CM_REQUEST, 0), "");
-    put(below + "/" + file(CM_REPLY, 0), answer("below 0"));
-    put(directory.path() + "/" + file(CM_REPLY, 1), answer("above 1"));
+    std::ofstream(below + "/" + file(CM_REQUEST, 0));
+    std::ofstream(below + "/" + file(CM_REPLY, 0)) << answer("below 0");
+    std::ofstream(directory.path() + "/" + file(CM_REPLY, 1)) << answer("above 1");
     session.setPlaybackBaseDir(below.c_str());
     EXPECT_EQ("below 0", ask());
     EXPECT_EQ("above 1", ask());
@@ -327,14 +289,10 @@ TEST_F(Recording, FallsBackToTheDirectoryAboveWithTheSameNumberAndThenCountsAnew
 
 /// The two variables, gone at the end.
 struct Environment {
-    Environment(const std::string& recording, const std::string& playback) {
-        ::setenv("MRL_RECORDING_DIR", recording.c_str(), 1);
-        ::setenv("MRL_PLAYBACK_DIR", playback.c_str(), 1);
-    }
-    ~Environment() {
-        ::unsetenv("MRL_RECORDING_DIR");
-        ::unsetenv("MRL_PLAYBACK_DIR");
-    }
+    Environment(const std::string& recorded, const std::string& played)
+        : recording("MRL_RECORDING_DIR", recorded)
+        , playback("MRL_PLAYBACK_DIR", played) {}
+    mrl::test::Variable recording, playback;
 };
 
 TEST_F(Recording, IsAskedForByTheEnvironmentADirectoryForEachSession) {
@@ -359,8 +317,8 @@ TEST_F(Recording, IsAskedForByTheEnvironmentADirectoryForEachSession) {
         const MRLSOAPSession deliberate(&header, nullptr, nullptr, sent.c_str(), nullptr, "test");
         EXPECT_FALSE(std::filesystem::exists(recorded + "/session-0004")) << "its own wish goes first";
     }
-    EXPECT_EQ(answer("two"), contentOf(recorded + "/session-0002/" + file(CM_REPLY, 0)));
-    EXPECT_EQ(answer("one"), contentOf(recorded + "/session-0003/" + file(CM_REPLY, 0)));
+    EXPECT_EQ(answer("two"), bytesOfFile(recorded + "/session-0002/" + file(CM_REPLY, 0)));
+    EXPECT_EQ(answer("one"), bytesOfFile(recorded + "/session-0003/" + file(CM_REPLY, 0)));
 
     const FakeBus unused;
     {
@@ -372,8 +330,8 @@ TEST_F(Recording, IsAskedForByTheEnvironmentADirectoryForEachSession) {
     }
     EXPECT_TRUE(unused.calls.empty());
     for (const char* kind : {CM_REQUEST, CM_REPLY})
-        EXPECT_EQ(contentOf(recorded + "/session-0002/" + file(kind, 0)),
-                  contentOf(sent + "/session-0002/" + file(kind, 0)));
+        EXPECT_EQ(bytesOfFile(recorded + "/session-0002/" + file(kind, 0)),
+                  bytesOfFile(sent + "/session-0002/" + file(kind, 0)));
     EXPECT_FALSE(std::filesystem::exists(sent + "/session-0002/" + file(CM_REQUEST, 1)));
 
     const Environment environment("/no/such/directory", "");

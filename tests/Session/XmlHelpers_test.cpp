@@ -4,10 +4,11 @@
 #include "Session/MRLHelper.h"
 #include "Session/MRLIPFLogger.h"
 #include "Session/MRLStringDomWriter.h"
-#include "Session/Table.h"
 #include "support/ConfigurationFile.h"
 #include "support/Failure.h"
+#include "support/Files.h"
 #include "support/LogHarness.h"
+#include "support/Table.h"
 
 #include "HBLCore/HBLByteBuffer.h"
 #include "HBLCore/HBLUtCrc32.h"
@@ -19,7 +20,6 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
-#include <sstream>
 
 namespace {
 
@@ -43,11 +43,7 @@ public:
     ~ScratchFile() { std::filesystem::remove(path); }
     ScratchFile(const ScratchFile&) = delete;
     ScratchFile& operator=(const ScratchFile&) = delete;
-    std::string text() const {
-        std::stringstream out;
-        out << std::ifstream(path).rdbuf();
-        return out.str();
-    }
+    std::string text() const { return mrl::test::bytesOfFile(path); }
     const std::string path;
 };
 

@@ -1,31 +1,24 @@
 #include "BusFixture.h"
+#include "support/Files.h"
 
 #include <Poco/Net/StreamSocket.h>
 #include <gmock/gmock.h>
 
 #include <atomic>
 #include <chrono>
-#include <fstream>
-#include <sstream>
 #include <thread>
 #include <vector>
 
 namespace mrl::bus {
 namespace {
 
+using mrl::test::golden;
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
 constexpr const char* revenue = "/content/folder[@name='Sales']/report[@name='Revenue']";
-
-std::string golden(const std::string& name) {
-    std::ifstream file(std::string(MRL_TEST_DATA "/golden/") + name);
-    std::stringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
 
 TEST_F(BusFixture, AnswersAQueryByteForByte) {
     const auto reply = post(query(revenue, "objectClass defaultName disabled"));

@@ -5,15 +5,14 @@
 #include "store/StoreError.h"
 #include "store/StoreFileError.h"
 #include "store/StoreLayout.h"
+#include "support/TemporaryDirectory.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
-#include <unistd.h>
 
 namespace mrl::bus {
 namespace {
@@ -333,19 +332,13 @@ TEST(Selection, NeverScansTheStoreForAStep) {
 
 class StoreFile : public StoreTest {
 protected:
-    StoreFile()
-        : m_file(std::filesystem::temp_directory_path() /
-                 ("mrl-bus-test-" + std::to_string(getpid()) + ".db")) {
-        std::filesystem::remove(m_file);
-    }
-    ~StoreFile() override { std::filesystem::remove(m_file); }
-
     StoreSettings inFile() const {
         auto result = settings();
         result.file = m_file.string();
         return result;
     }
-    std::filesystem::path m_file;
+    const mrl::test::TemporaryDirectory m_directory;
+    const std::filesystem::path m_file = m_directory.path() + "/store.db";
 };
 
 TEST_F(StoreFile, KeepsItsContentFromOneRunToTheNext) {

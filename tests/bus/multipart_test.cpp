@@ -2,11 +2,10 @@
 
 #include "http/MultipartAnswer.h"
 #include "http/MultipartParts.h"
+#include "support/Files.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include <fstream>
 #include <sstream>
 
 namespace mrl::bus {
@@ -109,9 +108,6 @@ TEST(MultipartBodies, AreRefusedWhenTheyBreakTheirRules) {
 }
 
 TEST(MultipartAnswers, AreWrittenByteForByte) {
-    std::ifstream file(MRL_TEST_DATA "/golden/multipart_answer.txt");
-    std::stringstream golden;
-    golden << file.rdbuf();
     const Answer answer{false,
                         "<e/>",
                         {{"part1@mrl-bus", "text/csv; charset=utf-8", "a,b", false},
@@ -119,7 +115,7 @@ TEST(MultipartAnswers, AreWrittenByteForByte) {
     const MultipartAnswer parts(answer, "b1");
     std::ostringstream written;
     parts.write(written);
-    EXPECT_EQ(written.str(), crlf(golden.str()));
+    EXPECT_EQ(written.str(), crlf(mrl::test::golden("multipart_answer.txt")));
     EXPECT_EQ(parts.contentType(),
               R"(multipart/related; type="text/xml"; start="<envelope@mrl-bus>"; boundary="b1")");
 }

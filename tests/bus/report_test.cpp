@@ -2,26 +2,19 @@
 
 #include "report/Conversations.h"
 #include "store/StoreError.h"
+#include "support/Files.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <sstream>
 
 namespace mrl::bus {
 namespace {
 
+using mrl::test::golden;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
-
-std::string golden(const std::string& name) {
-    std::ifstream file(MRL_TEST_DATA "/golden/" + name);
-    std::stringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
 
 const Table table{"A <B>", "R & D", {"Name", "Note"}, {{"Ålesund, \"coast\"", "=1+1"}, {"", "(x\\)"}}};
 

@@ -4,6 +4,9 @@
 #include "Session/MRLHelper.h"
 #include "soap/AttachedBytes.h"
 #include "soap/Refusal.h"
+#include "support/Environment.h"
+#include "support/Files.h"
+#include "support/TemporaryDirectory.h"
 
 #include "HBLCore/HBLByteBuffer.h"
 #include "PLQStreams/PLQGZIPOutputStream.h"
@@ -11,27 +14,17 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <regex>
-#include <sstream>
 
 namespace mrl::bus {
 namespace {
 
+using mrl::test::golden;
 using testing::HasSubstr;
 using testing::Not;
 
 class Services : public BusFixture {
 protected:
-    static std::string golden(const std::string& name) {
-        std::ifstream file(MRL_TEST_DATA "/golden/" + name);
-        std::stringstream text;
-        text << file.rdbuf();
-        return text.str();
-    }
-
     static std::string idIn(const std::string& reply, const std::string& pattern) {
         std::smatch found;
         EXPECT_TRUE(std::regex_search(reply, found, std::regex(pattern))) << reply;
@@ -141,9 +134,8 @@ TEST_F(Services, ForgetPassportsThatNobodyUses) {
 }
 
 TEST_F(Services, TakeEncryptedRequestsOnceFromWhoSharesTheKeys) {
-    const auto directory =
-        std::filesystem::temp_directory_path() / ("mrl-bus-keys-" + std::to_string(port()));
-    setenv("MRL_KEY_STORE", (directory / "k" / "mrl.keys").c_str(), 1);
+    const mrl::test::TemporaryDirectory directory;
+    const mrl::test::Variable store("MRL_KEY_STORE", directory.path() + "/k/mrl.keys");
     const std::string request = with(logOnAnonymously(), addFolder("Trusted"));
     HBLByteBuffer encrypted(1, 256, 256);
     MRLHelper::encryptTrusted(request.data(), request.size(), "test", encrypted);
@@ -154,7 +146,6 @@ TEST_F(Services, TakeEncryptedRequestsOnceFromWhoSharesTheKeys) {
     changed[changed.size() / 2] = changed[changed.size() / 2] == 'A' ? 'B' : 'A';
     EXPECT_THAT(post(changed).body, HasSubstr(">busNotTrusted<"));
     EXPECT_THAT(post(sent.substr(0, sent.size() / 2)).body, HasSubstr(">busNotTrusted<"));
-    std::filesystem::remove_all(directory);
 }
 
 TEST_F(Services, KeepDocumentsThatComeAsAttachments) {

@@ -29,6 +29,7 @@
 #include "serialization/MRLSOAPMessageIDeserializer.h"
 #include "serialization/MRLSOAPMessageISerializer.h"
 #include "support/Failure.h"
+#include "support/Files.h"
 
 #include "HBLCore/HBLSmartPointer.h"
 #include "PLQStreams/PLQMemoryInputStream.h"
@@ -37,9 +38,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <memory>
 
 using testing::ElementsAre;
@@ -50,8 +49,7 @@ using Type = MRLSchemaTypeI::ObjectType;
 using Binding = HBLSmartPointer<MRLPortTypeBinding>;
 
 std::string golden(const std::string& name) {
-    std::ifstream file(MRL_TEST_DATA "/" + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return mrl::test::bytesOfFile(MRL_TEST_DATA "/" + name);
 }
 
 Binding find(MRLMessageI::MessageType request) {

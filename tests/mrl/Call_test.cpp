@@ -5,9 +5,9 @@
 #include "call/StreamFiles.h"
 #include "call/Template.h"
 #include "lookup/Catalogue.h"
+#include "support/Table.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
@@ -76,63 +76,13 @@ TEST(RequestsFromJson, TheParametersChooseBetweenSignatures) {
                  "copy_2_Request");
 }
 
-struct Refused {
-    const char* operation;
-    const char* json;
-    const char* complaint;
-};
-
 TEST(RequestsFromJson, WhatDoesNotFitIsRefusedWithItsPlaceAndTheNearestName) {
-    const char* const query = "contentManagerService.query";
-    const char* const add = "contentManagerService.add";
-    const Refused rows[] = {
-        {query, "[]", "expected an object with the parameters, not an array"},
-        {query, R"({"searchPaht": "/"})",
-         "searchPaht: there is no parameter 'searchPaht' in contentQuery_Request; did you mean searchPath"},
-        {query, R"({"options": {"maxObject": 1}})",
-         "options.maxObject: there is no member 'maxObject' in queryOptions; did you mean maxObjects"},
-        {query, R"({"options": {"maxObjects": 2147483648}})",
-         "options.maxObjects: expected a whole number from -2147483648 to 2147483647, not the number "
-         "2147483648"},
-        {query, R"({"options": {"maxObjects": 18446744073709551615}})",
-         "options.maxObjects: expected a whole number from -2147483648 to 2147483647, not the number "
-         "18446744073709551615"},
-        {query, R"({"options": {"maxObjects": 1.0}})",
-         "options.maxObjects: expected a whole number from -2147483648 to 2147483647, not the number 1.0"},
-        {query, R"({"options": {"schemaInfo": 1}})",
-         "options.schemaInfo: expected true or false, not the number 1"},
-        {query, R"({"searchPath": "a\u0000b"})",
-         "searchPath: holds the control character 0, which no envelope can carry"},
-        {query, R"({"properties": ["serchPath"]})",
-         "properties[0]: 'serchPath' is no value of propEnum; did you mean searchPath, sourcePath"},
-        {query, R"({"sortBy": [{"order": "up"}]})",
-         "sortBy[0].order: 'up' is no value of orderEnum; it has ascending, descending"},
-        {query, R"({"sortBy": [{}, null]})", "sortBy[1]: expected an element, sort, not null"},
-        {query, R"({"sortBy": {}})", "sortBy: expected an array of sort, not an object"},
-        {add, R"({"objects": [{"@type": "baseClass"}]})",
-         "objects[0].@type: 'baseClass' is no baseClass that can be"
-         " made"},
-        {add, R"({"objects": [{"@type": "queryOptions"}]})",
-         "objects[0].@type: 'queryOptions' is no baseClass that can be made"},
-        {add, R"({"objects": [{"@type": "folder", "position": -1}]})",
-         "objects[0].position: expected a whole number from 0 to 2147483647, not the number -1"},
-        {add, R"({"objects": ["a"]})", "objects[0].@type: is missing: baseClass is abstract, name one of "},
-        {"reportService.getMapPreview", R"({"id": {"@cid": "a b"}})",
-         "id.@cid: expected an id of printable ASCII without < > \" &"},
-        {"reportService.getMapPreview", R"({"id": {"cid": "a"}})",
-         R"(id: expected a text, or {"@cid": ID} for an attachment, not an object)"},
-        {query, R"({"searchPath": "a", "searchPath": "a"})",
-         "searchPath: is given twice; one of the two has to go"},
-        {query, R"({"options": {"maxObjects": 1, "maxObjects": 1}})", "options.maxObjects: is given twice"},
-        {query, "{\n\"a\"", "the data is not JSON: parse error at line 2, column 4"},
-        {query, "\"\xff\"", "the data is not JSON: parse error at line 1, column 2"},
-    };
-    for (const Refused& row : rows) {
+    for (const auto& row : mrl::test::plainTable("refused_requests.txt")) {
         try {
-            build(row.operation, row.json);
-            ADD_FAILURE() << "accepted: " << row.json;
+            build(row[0].c_str(), mrl::test::withBytes(row[1]));
+            ADD_FAILURE() << "accepted: " << row[1];
         } catch (const JsonError& e) {
-            EXPECT_THAT(e.what(), testing::StartsWith(row.complaint)) << row.json;
+            EXPECT_THAT(e.what(), testing::StartsWith(row[2])) << row[1];
         }
     }
     EXPECT_THROW(parseJson(std::string(100000, '[')), JsonError);

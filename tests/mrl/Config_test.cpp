@@ -1,8 +1,8 @@
-#include "Session/Table.h"
 #include "config/ConfigCheck.h"
 #include "config/ConfigShow.h"
 #include "config/Secrets.h"
 #include "support/ConfigurationFile.h"
+#include "support/Table.h"
 
 #include <gtest/gtest.h>
 

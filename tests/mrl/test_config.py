@@ -1,10 +1,9 @@
 """`mrl config` from outside: which file it takes, and its exit codes."""
 
-import os
 import pathlib
-import subprocess
 
 import pytest
+from conftest import mrl
 
 SHIPPED = pathlib.Path(__file__).parents[2] / "resources" / "qzconfig.xml"
 FILE = """<qzn:parameters xmlns:qzn="http://developer.vantor.example/schemas/qzconfig/1/">
@@ -12,8 +11,7 @@ FILE = """<qzn:parameters xmlns:qzn="http://developer.vantor.example/schemas/qzc
 
 
 def config(*arguments, **variables):
-    return subprocess.run([os.environ["MRL"], "config", *map(str, arguments)], capture_output=True, text=True,
-                          check=False, env=os.environ | {"MRL_HOME": "/nonexistent", "MRL_CONFIGURATION": ""} | variables)
+    return mrl("config", *arguments, variables={"MRL_HOME": "/nonexistent", "MRL_CONFIGURATION": ""} | variables)
 
 
 @pytest.mark.parametrize("arguments, name, code, told", [

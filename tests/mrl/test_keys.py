@@ -1,14 +1,11 @@
 """`mrl keys`: what it makes, says, and never shows."""
-import os
 import re
-import subprocess
 
-MRL = os.environ["MRL"]
+from conftest import mrl
 
 
 def keys(tmp_path, *arguments):
-    return subprocess.run([MRL, "keys", *arguments], capture_output=True, text=True, check=False,
-                          env={**os.environ, "MRL_KEY_STORE": str(tmp_path / "store" / "mrl.keys")})
+    return mrl("keys", *arguments, variables={"MRL_KEY_STORE": str(tmp_path / "store" / "mrl.keys")})
 
 
 def test_a_store_is_made_listed_and_rotated_without_showing_a_key(tmp_path):

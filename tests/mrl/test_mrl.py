@@ -1,13 +1,7 @@
 """The command line tool as its users meet it."""
 
-import os
-import subprocess
-
 import pytest
-
-
-def mrl(*arguments):
-    return subprocess.run([os.environ["MRL"], *arguments], capture_output=True, text=True, check=False)
+from conftest import mrl
 
 
 def answer(*arguments):

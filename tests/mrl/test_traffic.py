@@ -1,52 +1,26 @@
 """A recording from the command line: made from calls over a peer, looked into, and answering without the peer."""
 
-import http.server
 import os
 import pathlib
-import subprocess
-import threading
 
 import pytest
+from conftest import DELETED, mrl
 
-ENVELOPE = """<?xml version="1.0"?>
-<s:Envelope xmlns:s="http://schemas.xmlsoap.org/soap/envelope/" xmlns:bus="http://developer.vantor.example/schemas/tavel/3/"
- xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xmlns:xs="http://www.w3.org/2001/XMLSchema"><s:Body>%s</s:Body></s:Envelope>"""
-DELETED = ('<r:deleteResponse xmlns:r="http://developer.vantor.example/schemas/contentManagerService/1">'
-           '<bus:result xsi:type="xs:int">3</bus:result></r:deleteResponse>')
 PASSPORT = "MTAx:0123456789"
 
 
-class Peer(http.server.BaseHTTPRequestHandler):
-    def do_POST(self):
-        self.rfile.read(int(self.headers["Content-Length"]))
-        self.send_response(200)
-        self.send_header("Content-Type", "text/xml")
-        self.send_header("Content-Length", str(len(ENVELOPE % DELETED)))
-        self.end_headers()
-        self.wfile.write((ENVELOPE % DELETED).encode())
-
-    def log_message(self, *arguments):
-        pass
-
-
-def mrl(*arguments, **environment):
-    return subprocess.run([os.environ["MRL"], *map(str, arguments)], capture_output=True, text=True, check=False,
-                          env=os.environ | environment)
-
-
 @pytest.fixture(name="script", scope="module")
-def fixture_script(tmp_path_factory):
+def fixture_script(tmp_path_factory, peer):
     """A script of two programs that deletes what $PATH_1 and /b name, and the recording that it made."""
     place = tmp_path_factory.mktemp("traffic")
     script = place / "script.sh"
-    with http.server.HTTPServer(("127.0.0.1", 0), Peer) as server:
-        call = (f"'{os.environ['MRL']}' call contentManagerService delete --url http://127.0.0.1:{server.server_port}/ "
-                f"--passport {PASSPORT} -d '{{\"objects\": [{{\"@type\": \"folder\", \"searchPath\": \"%s\"}}]}}'\n")
-        script.write_text("#!/bin/sh\n" + call % "'${PATH_1:-/a}'" + call % "/b" + "exit ${CODE:-0}\n")
-        script.chmod(0o700)
-        threading.Thread(target=server.serve_forever, daemon=True).start()
-        recorded = mrl("record", "--into", place / "run", "--", script)
-        server.shutdown()
+    peer.reply = (200, "text/xml", DELETED)
+    call = (f"'{os.environ['MRL']}' call contentManagerService delete --url {peer.url} "
+            f"--passport {PASSPORT} -d '{{\"objects\": [{{\"@type\": \"folder\", \"searchPath\": \"%s\"}}]}}'\n")
+    script.write_text("#!/bin/sh\n" + call % "'${PATH_1:-/a}'" + call % "/b" + "exit ${CODE:-0}\n")
+    script.chmod(0o700)
+    recorded = mrl("record", "--into", place / "run", "--", script)
+    peer.reply = (500, "text/plain", "not asked any more")
     assert (recorded.returncode, recorded.stdout) == (0, '{\n  "result": 3\n}\n' * 2), recorded.stderr
     assert "2 calls recorded" in recorded.stderr
     return script
@@ -57,7 +31,7 @@ def test_a_recording_is_exact_private_and_sound(script):
     names = sorted(str(path.relative_to(run)) for path in run.rglob("*.xml"))
     assert names == [f"session-000{n}/contentManagerService.0-contentDelete_{kind}.xml"
                      for n in (1, 2) for kind in ("Reply", "Request")]
-    assert (run / names[0]).read_text() == ENVELOPE % DELETED
+    assert (run / names[0]).read_text() == DELETED
     assert [path.stat().st_mode & 0o77 for path in (run, run / "session-0001")] == [0, 0]
     assert mrl("traffic", "verify", run).stdout == "2 calls, 0 problems\n"
     shown = mrl("traffic", "show", run, "session-0002/contentManagerService.0", "--only", "reply").stdout
@@ -72,7 +46,7 @@ def test_a_recording_is_exact_private_and_sound(script):
     ({"CODE": "7"}, 7, "0 differ"),
 ])
 def test_the_recording_answers_without_the_peer(script, environment, code, told):
-    replayed = mrl("replay", script.parent / "run", "--", script, **environment)
+    replayed = mrl("replay", script.parent / "run", "--", script, variables=environment)
     assert replayed.returncode == code
     assert replayed.stdout == '{\n  "result": 3\n}\n' * 2
     assert told in replayed.stderr

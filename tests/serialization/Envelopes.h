@@ -5,14 +5,13 @@
 #include "Toolkit/MRLObjectRegistryI.h"
 #include "Toolkit/MRLPortTypeBinding.h"
 #include "serialization/MRLSOAPMessageIDeserializer.h"
+#include "support/Files.h"
 
 #include "HBLCore/HBLSmartPointer.h"
 #include "PLQStreams/PLQMemoryInputStream.h"
 #include "PLQStreams/PLQMemoryOutputStream.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -35,11 +34,6 @@ public:
 private:
     std::size_t m_chunk;
 };
-
-inline std::string golden(const std::string& name) {
-    std::ifstream file(std::string(MRL_TEST_DATA "/golden/") + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// What `step` writes to the stream it is given.
 template <class Step>
@@ -66,6 +60,14 @@ inline std::string replyWith(std::string_view params) {
 
 inline std::string faultWith(std::string_view children) {
     return envelopeOf("<s:Body><s:Fault>" + std::string(children) + "</s:Fault></s:Body>");
+}
+
+/// `text` in "nothing", an "envelope", a "reply", or a "header" that the reader skips.
+inline std::string placed(const std::string& place, const std::string& text) {
+    return place == "nothing"    ? text
+           : place == "envelope" ? envelopeOf(text)
+           : place == "reply"    ? replyWith(text)
+                              : envelopeOf("<s:Header><x>" + text + "</x></s:Header><s:Body><r/></s:Body>");
 }
 
 /// One call of the content manager, by the type of its request.

@@ -12,12 +12,9 @@
 #include "Toolkit/MRLXmlEncodedXML.h"
 #include "Toolkit/MRL_CharStreamable.h"
 #include "serialization/Envelopes.h"
-#include "serialization/MRLDOMObjectDeserializerFactory.h"
 #include "serialization/MRLDOMObjectSerializer.h"
-#include "serialization/MRLDOMObjectSerializerFactory.h"
 #include "serialization/MRLSAXEventSinkI.h"
 #include "serialization/MRLSAXObjectSerializer.h"
-#include "serialization/MRLSAXObjectSerializerFactory.h"
 #include "serialization/MRLSOAPSerializer.h"
 #include "support/Failure.h"
 
@@ -294,16 +291,6 @@ TEST_F(ObjectSerializers, ASinkThatThrowsEndsTheWalk) {
     EXPECT_THROW(MRLSAXObjectSerializer().serialize(&object, object.getObjectType(), "v", &sink),
                  std::length_error);
     EXPECT_THAT(sink.all, testing::EndsWith("(bus:name xsi:type=xs:string\n"));
-}
-
-TEST_F(ObjectSerializers, FactoriesGiveAndTakeBack) {
-    auto* const sax = MRLSAXObjectSerializerFactory::getInstance().create();
-    MRLSAXObjectSerializerFactory::getInstance().destroy(sax);
-    auto* const dom = MRLDOMObjectSerializerFactory::getInstance().create();
-    MRLDOMObjectSerializerFactory::getInstance().destroy(dom);
-    auto* const reader = MRLDOMObjectDeserializerFactory::getInstance().create();
-    MRLDOMObjectDeserializerFactory::getInstance().destroy(reader);
-    EXPECT_NE(sax, nullptr);
 }
 
 } // namespace

@@ -25,9 +25,9 @@
 #include "serialization/MRLSOAPMessageISerializer.h"
 #include "serialization/MRL_AttachmentHandler.h"
 #include "support/Failure.h"
+#include "support/Table.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using mrl::test::Call;
 using mrl::test::ChunkedStream;
@@ -59,155 +59,34 @@ std::string reportWith(std::string_view members) {
 
 // --- what is refused --------------------------------------------------------------------------------
 
-struct Refused {
-    const char* name;
-    std::string document;
-    std::uint32_t number;
-    std::vector<std::string> parameters;
-    const char* function;
-    Request::MessageType request = Request::eMRLContentQuery_Request;
-};
-
-class RefusedReply : public testing::TestWithParam<Refused> {};
-
-constexpr const char* MESSAGE_START = "MRLMessageIContentHandler::startElement";
-constexpr const char* START = "MRLSchemaTypeIContentHandler::startElement";
-constexpr const char* CHARACTERS = "MRLSchemaTypeIContentHandler::characters";
-constexpr const char* CHECK_TYPE = "MRLSchemaTypeIContentHandler::checkType()";
 constexpr auto COUNT = Request::eMRLContentDelete_Request;                 // gives an int
 constexpr auto TEXT = Request::eMRLContentGetActiveContentManager_Request; // gives a string
 
-INSTANTIATE_TEST_SUITE_P(
-    Reader, RefusedReply,
-    testing::Values(
-        Refused{"RootIsNoEnvelope", "<html/>", 0xa646d8c9, {"Envelope"}, MESSAGE_START},
-        Refused{
-            "RootIsInAnotherNamespace", "<Envelope xmlns='urn:x'/>", 0xa646d8c9, {"Envelope"}, MESSAGE_START},
-        Refused{"SectionIsUnknown", envelopeOf("<s:Foot/>"), 0xa646d8c9, {"Body"}, MESSAGE_START},
-        Refused{"ArrayWithoutArrayType", replyWith("<q i:type='enc:Array'/>"), 0xa64ba852, {"q"}, START},
-        Refused{"ArrayTypeWithoutPrefix",
-                replyWith("<q i:type='enc:Array' enc:arrayType='baseClass[1]'/>"),
-                0xa64cb90c,
-                {"baseClass[1]", "q"},
-                "MRLSchemaTypeIContentHandler::getBusXsiType()"},
-        Refused{"ArrayOfUnknownType",
-                replyWith("<q i:type='enc:Array' enc:arrayType='b:nothing[1]'/>"),
-                0xa648385c,
-                {"enc:Array", "q"},
-                "MRLSchemaTypeIContentHandler::getObjectType()"},
-        Refused{"ElementInNil",
-                reportWith("<defaultName i:nil='true'><b/></defaultName>"),
-                0xa641d35c,
-                {"defaultName"},
-                START},
-        Refused{"BlankInNil",
-                reportWith("<defaultName i:nil='true'> </defaultName>"),
-                0xa64152ea,
-                {"defaultName"},
-                CHARACTERS},
-        Refused{"ElementInReference",
-                reportWith("<defaultName><value href='cid:p1'><b/></value></defaultName>"),
-                0xa640320b,
-                {"value", "p1"},
-                START},
-        Refused{"TextInReference",
-                reportWith("<defaultName><value href='cid:p1'>a</value></defaultName>"),
-                0xa64acda5,
-                {"value", "p1"},
-                CHARACTERS},
-        Refused{"ElementInSimpleValue",
-                reportWith("<defaultName><value><b/></value></defaultName>"),
-                0xa64aa334,
-                {"value"},
-                START},
-        Refused{"MemberGivenTwice",
-                reportWith("<defaultName><value>a</value><value>b</value></defaultName>"),
-                0xa64b8476,
-                {"defaultName", "value"},
-                START},
-        Refused{"ItemOfAnotherClass",
-                replyWith("<q i:type='enc:Array' enc:arrayType='b:baseClass[1]'><item i:type='b:sort'/></q>"),
-                0xa64bca5d,
-                {"bus:sort", "bus:baseClass"},
-                START},
-        Refused{"SimpleItemAmongObjects",
-                replyWith(
-                    "<q i:type='enc:Array' enc:arrayType='b:baseClass[1]'><item i:type='x:int'>1</item></q>"),
-                0xa64bca5d,
-                {"xs:int", "bus:baseClass"},
-                START},
-        Refused{"MemberOfAnotherClass",
-                reportWith("<defaultName i:type='b:booleanProp'/>"),
-                0xa64bd4db,
-                {"bus:booleanProp", "bus:tokenProp", "defaultName"},
-                CHECK_TYPE},
-        Refused{"MemberOfAnotherSimpleType",
-                reportWith("<defaultName><value i:type='x:int'>1</value></defaultName>"),
-                0xa6487d84,
-                {"xs:int", "xs:string", "value"},
-                CHECK_TYPE},
-        Refused{"ParameterOfAnotherClass",
-                replyWith("<q i:type='b:report'/>"),
-                0xa64bd4db,
-                {"bus:report", "bus:baseClassArray", "q"},
-                CHECK_TYPE},
-        Refused{"ItemOfAbstractClass",
-                replyWith("<q i:type='enc:Array' enc:arrayType='b:baseClass[1]'><item/></q>"),
-                0xa647ec7b,
-                {"bus:baseClass"},
-                "MRLSchemaTypesFactory::create()"},
-        Refused{"TimeHasNoValue",
-                reportWith("<defaultName><value i:type='x:time'>1</value></defaultName>"),
-                0xa647ec7b,
-                {"xs:time"},
-                "MRLSchemaTypesFactory::create()"},
-        Refused{"NoInt", replyWith("<n>1a</n>"), 0xa6407f89, {"n", "int"}, CHARACTERS, COUNT},
-        Refused{"NoBoolean",
-                reportWith("<hidden><value>True</value></hidden>"),
-                0xa6407f89,
-                {"value", "boolean"},
-                CHARACTERS},
-        Refused{"EmptyBoolean",
-                reportWith("<hidden><value></value></hidden>"),
-                0xa6407f89,
-                {"value", "boolean"},
-                CHARACTERS},
-        Refused{"NoFloat",
-                replyWith("<d><item><metrics><item "
-                          "i:type='b:rolapMetricNumber'><value>0x10</value></item></metrics></item></d>"),
-                0xa6407f89,
-                {"value", "float"},
-                CHARACTERS,
-                Request::eMRLRolapCubeAdministrationGetCubeMetrics_Request},
-        Refused{"UnknownEnumValue",
-                reportWith("<objectClass><value>nonsense</value></objectClass>"),
-                0xa645dc29,
-                {"nonsense"},
-                "MRLClassEnum::stringToEnum()"}),
-    [](const auto& row) { return std::string(row.param.name); });
-
-MRLPortTypeI& portTypeOf(Request::MessageType request);
-
-TEST_P(RefusedReply, EndsInItsOwnFailureHoweverTheBytesArrive) {
-    const Refused& row = GetParam();
-    for (const std::size_t chunk : chunkSizes) {
-        SCOPED_TRACE(chunk);
-        HBLSmartPointer<MRLPortTypeBinding> binding =
-            portTypeOf(row.request).createPortTypeBinding(row.request);
-        ChunkedStream stream(row.document, chunk);
-        MRLSOAPMessageIDeserializer reader;
-        MRL_AttachmentHandler attachments;
-        reader.setAttachmentHandler(&attachments);
-        expectFailure([&] { reader.parse(stream, *binding, binding->getOutputMessage()); }, row.number,
-                      row.parameters, row.function);
-    }
+HBLSmartPointer<MRLPortTypeBinding> bound(const std::string& operation) {
+    const MRLPortTypeI& contents = MRLContentManagerServicePortType::getInstance();
+    return operation == "getCubeMetrics"
+               ? MRLQueryServicePortType::getInstance().createPortTypeBinding(
+                     Request::eMRLRolapCubeAdministrationGetCubeMetrics_Request)
+               : contents.createPortTypeBinding(operation == "delete" ? COUNT
+                                                                      : Request::eMRLContentQuery_Request);
 }
 
-MRLPortTypeI& portTypeOf(Request::MessageType request) {
-    if (request == Request::eMRLRolapCubeAdministrationGetCubeMetrics_Request) {
-        return MRLQueryServicePortType::getInstance();
+TEST(Reader, EndsARefusedReplyInItsOwnFailureHoweverTheBytesArrive) {
+    for (const auto& row : mrl::test::plainTable("refused_replies.txt")) {
+        const std::string document =
+            row[1] == "report" ? reportWith(row[2]) : mrl::test::placed(row[1], row[2]);
+        const auto number = static_cast<std::uint32_t>(std::stoul(row[3], nullptr, 16));
+        for (const std::size_t chunk : chunkSizes) {
+            SCOPED_TRACE(row[0] + " in pieces of " + std::to_string(chunk));
+            const auto binding = bound(row.size() > 6 ? row[6] : "query");
+            ChunkedStream stream(document, chunk);
+            MRLSOAPMessageIDeserializer reader;
+            MRL_AttachmentHandler attachments;
+            reader.setAttachmentHandler(&attachments);
+            expectFailure([&] { reader.parse(stream, *binding, binding->getOutputMessage()); }, number,
+                          mrl::test::split(row[4], " | "), row[5]);
+        }
     }
-    return MRLContentManagerServicePortType::getInstance();
 }
 
 struct Asserted {
