@@ -19,8 +19,10 @@ namespace {
 constexpr std::size_t c_block = BlockFile::c_blockSize;
 constexpr std::uint64_t c_none = ~std::uint64_t{0};
 
+} // namespace
+
 /// Where in which block a position lies, and how much of `size` bytes from there is in that block.
-struct Part {
+struct ZORFmFile::Part {
     Part(std::int64_t position, std::size_t size)
         : index(static_cast<std::uint64_t>(position) / c_block)
         , offset(static_cast<std::size_t>(static_cast<std::uint64_t>(position) % c_block))
@@ -30,8 +32,6 @@ struct Part {
     std::size_t offset;
     std::size_t length;
 };
-
-} // namespace
 
 ZORFmFile::ZORFmFile() noexcept = default;
 
@@ -51,7 +51,8 @@ int ZORFmFile::open(const char* path, HBLFmFile::createmode mode, int flags) {
         failed(mode == HBLFmFile::eOpenExisting ? EOPNOTSUPP : EINVAL);
         return 0;
     }
-    const int how = O_CLOEXEC | O_RDWR | O_CREAT | (mode == HBLFmFile::eCreateNew ? O_EXCL : O_TRUNC);
+    const int how =
+        O_CLOEXEC | O_NOFOLLOW | O_RDWR | O_CREAT | (mode == HBLFmFile::eCreateNew ? O_EXCL : O_TRUNC);
     int descriptor = -1;
     do {
         descriptor = ::open(path, how, S_IRUSR | S_IWUSR);
@@ -83,17 +84,15 @@ int ZORFmFile::open(const char* path, HBLFmFile::createmode mode, int flags) {
     return 1;
 }
 
-/// Brings block `index` into m_block; its old content need not be read when it will be overwritten wholly.
-int ZORFmFile::load(std::uint64_t index, bool wholly) {
+/// Brings block `index` into m_block.
+int ZORFmFile::load(std::uint64_t index) {
     if (index == m_blockIndex)
         return 0;
     if (const int error = flush())
         return error;
     m_blockIndex = c_none;
-    if (!wholly) {
-        if (const int error = m_file->read(index, m_block.get()))
-            return error;
-    }
+    if (const int error = m_file->read(index, m_block.get()))
+        return error;
     m_blockIndex = index;
     return 0;
 }
@@ -106,6 +105,20 @@ int ZORFmFile::flush() {
     return error;
 }
 
+int ZORFmFile::put(const Part& part, const unsigned char* bytes) {
+    if (part.length == c_block && part.index != m_blockIndex)
+        return m_file->write(part.index, bytes);    // whole blocks need no second look
+    if (!m_changed || part.index != m_blockIndex) { // a changed block has its room already
+        if (const int error = m_file->reserve(part.index))
+            return error;
+    }
+    if (const int error = load(part.index))
+        return error;
+    std::memcpy(m_block.get() + part.offset, bytes, part.length);
+    m_changed = true;
+    return 0;
+}
+
 std::int64_t ZORFmFile::read(void* buffer, std::size_t size) {
     if (!m_file)
         return failed(EBADF);
@@ -114,7 +127,7 @@ std::int64_t ZORFmFile::read(void* buffer, std::size_t size) {
     const std::size_t wanted = std::min(size, rest);
     for (std::size_t done = 0; done < wanted;) {
         const Part part(m_position, wanted - done);
-        if (const int error = load(part.index, false))
+        if (const int error = load(part.index))
             return failed(error);
         std::memcpy(to + done, m_block.get() + part.offset, part.length);
         m_position += static_cast<std::int64_t>(part.length);
@@ -137,13 +150,8 @@ std::int64_t ZORFmFile::write(const void* data, std::size_t size) {
                 break;
             }
             const Part part(m_position, std::min(size, room) - done);
-            if (!m_changed || part.index != m_blockIndex) // a changed block has its room already
-                error = m_file->reserve(part.index);
-            if (error == 0)
-                error = load(part.index, part.length == c_block);
+            error = put(part, from + done);
             if (error == 0) {
-                std::memcpy(m_block.get() + part.offset, from + done, part.length);
-                m_changed = true;
                 m_position += static_cast<std::int64_t>(part.length);
                 m_length = std::max(m_length, m_position);
                 done += part.length;

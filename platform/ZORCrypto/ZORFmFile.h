@@ -16,9 +16,9 @@ class BlockFile;
 /// somebody changes, swaps, cuts off or puts back behind this object's back is found by the read that meets
 /// it.
 ///
-/// Blocks that were written to are kept in memory until another one is needed; room on the disk is taken
-/// at once, so that a full disk shows in the write that fills it. One thread at a time. After a fork the
-/// child may read, not write.
+/// A block that was written to in part is kept in memory until another one is needed; room on the disk is
+/// taken at once, so that a full disk shows in the write that fills it. One thread at a time. After a fork it
+/// is the parent's: what needs the file fails in the child with EPERM.
 class MRL_EXPORT ZORFmFile {
 public:
     /// The largest position, in bytes.
@@ -30,7 +30,8 @@ public:
     /// Closes.
     ~ZORFmFile();
 
-    /// Opens `path`, UTF-8, after closing what is open. A new file is for its owner alone. Only
+    /// Opens `path`, UTF-8, after closing what is open. A new file is for its owner alone; a
+    /// symbolic link is refused (ELOOP). Only
     /// eCreateNew and eCreateAlways, with eReadWrite: what a file held before cannot be read, since its key
     /// is gone; eOpenExisting fails with EOPNOTSUPP.
     /// @return 1, or 0 on failure.
@@ -61,7 +62,10 @@ public:
 
 private:
     std::int64_t failed(int error) const;
-    int load(std::uint64_t index, bool wholly);
+    struct Part;
+
+    int load(std::uint64_t index);
+    int put(const Part& part, const unsigned char* bytes);
     int flush();
 
     std::unique_ptr<mrl::detail::BlockFile> m_file; // null while closed

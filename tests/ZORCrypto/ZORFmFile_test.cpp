@@ -18,8 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t BLOCK = 16384;
-constexpr std::size_t STORED = BLOCK + 16;
+constexpr std::size_t BLOCK = 65536; // of clear text, and of cipher text
 
 class ProtectedFile : public testing::Test {
 protected:
@@ -97,21 +96,20 @@ TEST_F(ProtectedFile, FindsWhatSomebodyDidToIt) {
     const Attack attacks[] = {
         {"nothing", [](std::string&, const std::string&) {}, "axcd"},
         {"a bit in the cipher text", [](std::string& now, const std::string&) { now[5] ^= 1; }, "-xcd"},
-        {"a bit in a tag", [](std::string& now, const std::string&) { now[2 * STORED - 1] ^= 1; }, "a-cd"},
+        {"the last bit of a block", [](std::string& now, const std::string&) { now[2 * BLOCK - 1] ^= 1; },
+         "a-cd"},
         {"two blocks swapped",
          [](std::string& now, const std::string&) {
-             const std::string first = now.substr(0, STORED);
-             now.replace(0, STORED, now, STORED, STORED).replace(STORED, STORED, first);
+             const std::string first = now.substr(0, BLOCK);
+             now.replace(0, BLOCK, now, BLOCK, BLOCK).replace(BLOCK, BLOCK, first);
          },
          "--cd"},
         {"an older block put back",
-         [](std::string& now, const std::string& before) {
-             now.replace(STORED, STORED, before, STORED, STORED);
-         },
+         [](std::string& now, const std::string& before) { now.replace(BLOCK, BLOCK, before, BLOCK, BLOCK); },
          "a-cd"},
         {"the whole file put back", [](std::string& now, const std::string& before) { now = before; },
          "a-cd"},
-        {"the end cut off", [](std::string& now, const std::string&) { now.resize(3 * STORED - 1); }, "ax--"},
+        {"the end cut off", [](std::string& now, const std::string&) { now.resize(3 * BLOCK - 1); }, "ax--"},
         {"everything cut off", [](std::string& now, const std::string&) { now.clear(); }, "----"},
     };
     for (const Attack& attack : attacks) {
@@ -138,7 +136,7 @@ TEST_F(ProtectedFile, ShowsNothingOnDiskAndOpensForNobodyAfterwards) {
     const std::string secret = "a very private line";
     m_file.write(secret.data(), secret.size());
     EXPECT_EQ(m_file.close(), 1);
-    EXPECT_EQ(stored().size(), STORED) << "not even how long it is";
+    EXPECT_EQ(stored().size(), BLOCK) << "not even how long it is";
     EXPECT_EQ(stored().find("private"), std::string::npos);
     EXPECT_EQ(fs::status(m_path).permissions(), fs::perms(0600));
     EXPECT_EQ(m_file.open(m_path.c_str(), HBLFmFile::eOpenExisting, HBLFmFile::eReadOnly), 0);
@@ -147,6 +145,18 @@ TEST_F(ProtectedFile, ShowsNothingOnDiskAndOpensForNobodyAfterwards) {
     EXPECT_EQ(m_file.read(&c, 1), -1);
     EXPECT_EQ(m_file.getLastError(), EBADF);
     EXPECT_EQ(m_file.close(), 0);
+}
+
+TEST_F(ProtectedFile, IsNotMadeThroughALinkThatSomebodyPutThere) {
+    const std::string link = m_path + ".link";
+    store("somebody's");
+    fs::create_symlink(m_path, link);
+    for (const auto mode : {HBLFmFile::eCreateAlways, HBLFmFile::eCreateNew}) {
+        ZORFmFile file;
+        EXPECT_EQ(file.open(link.c_str(), mode, 0), 0);
+        EXPECT_EQ(file.getLastError(), mode == HBLFmFile::eCreateNew ? EEXIST : ELOOP);
+    }
+    EXPECT_EQ(stored(), "somebody's");
 }
 
 /// Runs `step` in a child process; its exit code.
@@ -164,21 +174,29 @@ TEST_F(ProtectedFile, IsOfNoUseToAChildWhichWouldUseItsNoncesAgain) {
     put(1, 'b');
     EXPECT_EQ(inChild([&] { return m_file.write("x", 1) == -1 ? m_file.getLastError() : 0; }), EPERM);
     put(1, 'c');
+    m_file.write("d", 1);
     EXPECT_EQ(inChild([&] { return m_file.close(); }), 0) << "what is in memory is the parent's to keep";
     EXPECT_EQ(get(0), 'a');
     EXPECT_EQ(get(1), 'c');
+    EXPECT_EQ(get(2), 'd');
 }
 
 TEST_F(ProtectedFile, TellsInTheWriteThatFillsTheDisk) {
     const int seen = inChild([&] {
         std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{2 * STORED, 2 * STORED};
+        rlimit limit{2 * BLOCK + 100, RLIM_INFINITY}; // the third block fits in part
         setrlimit(RLIMIT_FSIZE, &limit);
         m_file.open(m_path.c_str(), HBLFmFile::eCreateAlways, 0); // its own: this is a child
         const std::string text(3 * BLOCK, 'x');
         const bool cut = m_file.write(text.data(), text.size()) == static_cast<std::int64_t>(2 * BLOCK);
         const bool none = m_file.write("x", 1) == -1;
-        return cut && none && get(0) == 'x' && get(1) == 'x' ? m_file.getLastError() : 0;
+        const int error = m_file.getLastError();
+        const bool kept = get(0) == 'x' && get(1) == 'x';
+        limit.rlim_cur = RLIM_INFINITY;
+        setrlimit(RLIMIT_FSIZE, &limit);
+        m_file.seek(0, HBLFmFile::eEnd);
+        const bool goesOn = m_file.write("yz", 2) == 2 && get(2) == 'y';
+        return cut && none && kept && goesOn ? error : 0;
     });
     EXPECT_EQ(seen, EFBIG);
 }

@@ -25,8 +25,10 @@ Number bigEndian(std::uint64_t value) noexcept {
 }
 
 off_t offsetOf(std::uint64_t index) noexcept {
-    return static_cast<off_t>(index * BlockFile::c_storedSize);
+    return static_cast<off_t>(index * BlockFile::c_blockSize);
 }
+
+constexpr std::uint64_t c_mostAhead = 63; // blocks that room is taken for before they come
 
 constexpr int c_block = static_cast<int>(BlockFile::c_blockSize);
 constexpr int c_tag = static_cast<int>(BlockFile::c_tagSize);
@@ -37,7 +39,7 @@ int BlockFile::start() {
     std::array<unsigned char, 32> key{};
     m_sealing.reset(EVP_CIPHER_CTX_new());
     m_opening.reset(EVP_CIPHER_CTX_new());
-    m_stored.resize(c_storedSize);
+    m_stored.resize(c_blockSize);
     m_forks = forkCount();
     const bool ready =
         m_sealing && m_opening && fillRandom(key.data(), key.size()) &&
@@ -47,28 +49,28 @@ int BlockFile::start() {
     return ready ? 0 : EIO;
 }
 
-int BlockFile::seal(std::uint64_t index, std::uint64_t number, const unsigned char* block) {
+int BlockFile::seal(std::uint64_t index, Seal& with, const unsigned char* block) {
     EVP_CIPHER_CTX* const context = m_sealing.get();
     const Number place = bigEndian(index);
     int size = 0;
     const bool sealed =
-        EVP_EncryptInit_ex2(context, nullptr, nullptr, bigEndian(number).data(), nullptr) == 1 &&
+        EVP_EncryptInit_ex2(context, nullptr, nullptr, bigEndian(with.number).data(), nullptr) == 1 &&
         EVP_EncryptUpdate(context, nullptr, &size, place.data(), static_cast<int>(place.size())) == 1 &&
         EVP_EncryptUpdate(context, m_stored.data(), &size, block, c_block) == 1 &&
         EVP_EncryptFinal_ex(context, m_stored.data() + size, &size) == 1 &&
-        EVP_CIPHER_CTX_ctrl(context, EVP_CTRL_AEAD_GET_TAG, c_tag, m_stored.data() + c_block) == 1;
+        EVP_CIPHER_CTX_ctrl(context, EVP_CTRL_AEAD_GET_TAG, c_tag, with.tag.data()) == 1;
     return sealed ? 0 : EIO;
 }
 
-int BlockFile::unseal(std::uint64_t index, std::uint64_t number, unsigned char* block) {
+int BlockFile::unseal(std::uint64_t index, Seal with, unsigned char* block) {
     EVP_CIPHER_CTX* const context = m_opening.get();
     const Number place = bigEndian(index);
     int size = 0;
     const bool good =
-        EVP_DecryptInit_ex2(context, nullptr, nullptr, bigEndian(number).data(), nullptr) == 1 &&
+        EVP_DecryptInit_ex2(context, nullptr, nullptr, bigEndian(with.number).data(), nullptr) == 1 &&
         EVP_DecryptUpdate(context, nullptr, &size, place.data(), static_cast<int>(place.size())) == 1 &&
         EVP_DecryptUpdate(context, block, &size, m_stored.data(), c_block) == 1 &&
-        EVP_CIPHER_CTX_ctrl(context, EVP_CTRL_AEAD_SET_TAG, c_tag, m_stored.data() + c_block) == 1 &&
+        EVP_CIPHER_CTX_ctrl(context, EVP_CTRL_AEAD_SET_TAG, c_tag, with.tag.data()) == 1 &&
         EVP_DecryptFinal_ex(context, block + size, &size) == 1;
     return good ? 0 : EBADMSG;
 }
@@ -76,15 +78,15 @@ int BlockFile::unseal(std::uint64_t index, std::uint64_t number, unsigned char* 
 int BlockFile::read(std::uint64_t index, unsigned char* block) {
     if (m_forks != forkCount())
         return EPERM;
-    const std::uint64_t number = index < m_number.size() ? m_number[index] : 0;
-    if (number == 0) {
+    const Seal with = index < m_seals.size() ? m_seals[index] : Seal();
+    if (with.number == 0) {
         std::fill_n(block, c_blockSize, static_cast<unsigned char>(0));
         return 0;
     }
     std::size_t done = 0;
     int error = 0;
-    while (done < c_storedSize && error == 0) {
-        const ssize_t got = ::pread(m_descriptor, m_stored.data() + done, c_storedSize - done,
+    while (done < c_blockSize && error == 0) {
+        const ssize_t got = ::pread(m_descriptor, m_stored.data() + done, c_blockSize - done,
                                     offsetOf(index) + static_cast<off_t>(done));
         if (got > 0)
             done += static_cast<std::size_t>(got);
@@ -94,7 +96,7 @@ int BlockFile::read(std::uint64_t index, unsigned char* block) {
             error = errno;
     }
     if (error == 0)
-        error = unseal(index, number, block);
+        error = unseal(index, with, block);
     if (error != 0)
         OPENSSL_cleanse(block, c_blockSize); // nothing unproven leaves
     return error;
@@ -103,38 +105,49 @@ int BlockFile::read(std::uint64_t index, unsigned char* block) {
 int BlockFile::reserve(std::uint64_t index) {
     if (m_forks != forkCount())
         return EPERM;
-    if (index < m_reserved)
+    const bool grows = index >= m_seals.size();
+    if (grows)
+        m_seals.resize(index + 1);
+    if (m_seals[index].number != 0 || (index >= m_roomFrom && index < m_roomTo))
         return 0;
-    if (m_number.size() <= index)
-        m_number.resize(index + 1);
-    int error = 0;
-    do {
-        error = ::posix_fallocate(m_descriptor, offsetOf(index), static_cast<off_t>(c_storedSize));
-    } while (error == EINTR);
-    if (error == 0 && index == m_reserved)
-        ++m_reserved;
-    return error;
+    // A file that grows gets room for an eighth of itself at once; where that does not fit, for the block.
+    for (std::uint64_t ahead = grows ? std::min(index / 8, c_mostAhead) : 0;; ahead = 0) {
+        int error = 0;
+        do {
+            error = ::posix_fallocate(m_descriptor, offsetOf(index),
+                                      static_cast<off_t>((ahead + 1) * c_blockSize));
+        } while (error == EINTR);
+        if (error == 0) {
+            m_roomFrom = index;
+            m_roomTo = index + ahead + 1;
+        }
+        if (error == 0 || ahead == 0)
+            return error;
+    }
 }
 
 int BlockFile::write(std::uint64_t index, const unsigned char* block) {
     if (m_forks != forkCount())
         return EPERM;
-    if (m_number.size() <= index)
-        m_number.resize(index + 1);
-    const std::uint64_t number = ++m_writes;
-    if (const int error = seal(index, number, block))
+    if (m_seals.size() <= index)
+        m_seals.resize(index + 1);
+    Seal with{++m_writes, {}};
+    if (const int error = seal(index, with, block))
         return error;
-    m_number[index] = number; // also when writing fails half way: the old content is gone then
-    std::size_t done = 0;
-    while (done < c_storedSize) {
-        const ssize_t put = ::pwrite(m_descriptor, m_stored.data() + done, c_storedSize - done,
+    Seal& last = m_seals[index];
+    int error = 0;
+    for (std::size_t done = 0; done < c_blockSize && error == 0;) {
+        const ssize_t put = ::pwrite(m_descriptor, m_stored.data() + done, c_blockSize - done,
                                      offsetOf(index) + static_cast<off_t>(done));
         if (put >= 0)
             done += static_cast<std::size_t>(put);
         else if (errno != EINTR)
-            return errno;
+            error = errno;
     }
-    return 0;
+    // After a failure the old content may be gone; a block that was never written still is not.
+    if (error == 0 || last.number != 0)
+        last = with;
+    return error;
 }
 
 int BlockFile::close() {

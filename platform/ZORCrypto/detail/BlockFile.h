@@ -2,6 +2,7 @@
 
 #include "ZORCrypto/detail/OpenSsl.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -11,17 +12,16 @@ namespace mrl::detail {
 /// Blocks of one size in a file, each sealed with AES-256-GCM under a key that lives as long as this object.
 ///
 /// The nonce of a block is the number of this write among all writes of the object, so none is used twice
-/// under the key; the number that a block was last written with is remembered here and nowhere else. A
-/// block that an attacker changed, moved to another place or brought back from earlier fails to open,
-/// because number or place are not those it was sealed with.
+/// under the key; the number that a block was last written with, and its tag, are remembered here and nowhere
+/// else. A block that an attacker changed, moved to another place or brought back from earlier fails to open,
+/// because number, tag or place are not those it was sealed with.
 ///
 /// Results are 0 or an errno; EPERM in a child process, whose writes would use the numbers of its parent's.
 /// One thread at a time.
 class BlockFile {
 public:
-    static constexpr std::size_t c_blockSize = 16384; // of clear text
+    static constexpr std::size_t c_blockSize = 65536; // of clear text
     static constexpr std::size_t c_tagSize = 16;
-    static constexpr std::size_t c_storedSize = c_blockSize + c_tagSize;
 
     /// @param descriptor an open file, owned from here on.
     explicit BlockFile(int descriptor) noexcept
@@ -40,20 +40,27 @@ public:
     /// Takes room on the disk for block `index`, so that writing it does not fail for lack of room.
     int reserve(std::uint64_t index);
 
-    /// Seals and writes `block`.
+    /// Seals and writes `block`. A block that was never written still is not after a failure.
     int write(std::uint64_t index, const unsigned char* block);
 
     int close();
 
 private:
-    int seal(std::uint64_t index, std::uint64_t number, const unsigned char* block);
-    int unseal(std::uint64_t index, std::uint64_t number, unsigned char* block);
+    /// What a block was last sealed with.
+    struct Seal {
+        std::uint64_t number = 0; // of the write that it came with; 0 for never
+        std::array<unsigned char, c_tagSize> tag{};
+    };
+
+    int seal(std::uint64_t index, Seal& with, const unsigned char* block);
+    int unseal(std::uint64_t index, Seal with, unsigned char* block);
 
     int m_descriptor;
-    unsigned m_forks = 0;                // forks before start()
-    std::uint64_t m_writes = 0;          // the number of the last write
-    std::vector<std::uint64_t> m_number; // with which write each block came; 0 for never
-    std::uint64_t m_reserved = 0;        // blocks from the beginning that have room
+    unsigned m_forks = 0;         // forks before start()
+    std::uint64_t m_writes = 0;   // the number of the last write
+    std::vector<Seal> m_seals;    // of each block; never in the file
+    std::uint64_t m_roomFrom = 0; // blocks that have room, though nothing was written yet:
+    std::uint64_t m_roomTo = 0;   // from the first to before the second
     CipherContext m_sealing;
     CipherContext m_opening;
     std::vector<unsigned char> m_stored; // one block as it is in the file
