@@ -30,6 +30,8 @@ int HBLFmFile::open(const char* path, createmode mode, int flags) {
         return 0;
     }
     int how = O_CLOEXEC | (readOnly ? O_RDONLY : O_RDWR);
+    if (mode != eOpenExisting || (flags & eNoFollow) != 0)
+        how |= O_NOFOLLOW;
     if (mode == eCreateNew)
         how |= O_CREAT | O_EXCL;
     else if (mode == eCreateAlways)

@@ -16,6 +16,7 @@ public:
     enum openflags : int {
         eReadWrite = 0,
         eReadOnly = 1, ///< only with eOpenExisting
+        eNoFollow = 2, ///< with eOpenExisting: a symbolic link is refused, as it always is by the others
     };
     enum seekorigin : int { eBegin = 0, eCurrent = 1, eEnd = 2 };
 
@@ -26,7 +27,7 @@ public:
     ~HBLFmFile();
 
     /// Opens `path`, UTF-8, after closing what is open. A new file is for its owner alone. A directory
-    /// is refused.
+    /// is refused; so is a symbolic link (ELOOP) where a file is created or emptied.
     /// @return 1, or 0 on failure.
     int open(const char* path, createmode mode, int flags);
     bool isOpen() const noexcept { return m_descriptor >= 0; }

@@ -364,7 +364,8 @@ void MRLDocIo::reopen() {
     } else if (!m_name.empty()) {
         std::unique_ptr<HBLFmFile> file(hblNew<HBLFmFile>(HBL_HERE));
         if (!mrl::detail::isPlainFile(m_name) || !passes(FileStep::open) ||
-            file->open(m_name.c_str(), HBLFmFile::eOpenExisting, HBLFmFile::eReadOnly) == 0) {
+            file->open(m_name.c_str(), HBLFmFile::eOpenExisting,
+                       HBLFmFile::eReadOnly | HBLFmFile::eNoFollow) == 0) {
             fileUnusable(m_name, "is gone or cannot be opened", "MRLDocIo::reopen");
         }
         m_hblFile = std::move(file);

@@ -64,6 +64,13 @@ TEST_F(Files, OpenAsTheirModeSays) {
     struct stat status {};
     ASSERT_EQ(stat(path.c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777, 0600u) << "for the owner alone";
+
+    const std::string link = at("link");
+    ASSERT_EQ(symlink(path.c_str(), link.c_str()), 0);
+    EXPECT_EQ(file.open(link.c_str(), HBLFmFile::eCreateAlways, 0), 0) << "what somebody put in its place";
+    EXPECT_EQ(file.getLastError(), ELOOP);
+    EXPECT_EQ(file.open(link.c_str(), HBLFmFile::eOpenExisting, HBLFmFile::eNoFollow), 0);
+    EXPECT_EQ(file.open(link.c_str(), HBLFmFile::eOpenExisting, HBLFmFile::eReadOnly), 1) << "a host's path";
     EXPECT_EQ(HBLFmFile::remove(path.c_str()), 1);
     EXPECT_EQ(HBLFmFile::remove(path.c_str()), 0);
 }
