@@ -44,6 +44,12 @@ void HBLBase64Encode(const void* data, std::size_t size, char* text, int lineLen
     }
 }
 
+std::string HBLBase64Encoded(std::string_view bytes) {
+    std::string text(HBLBase64EncodedSize(bytes.size(), 0), '\0');
+    HBLBase64Encode(bytes.data(), bytes.size(), text.data(), 0);
+    return text;
+}
+
 int HBLBase64Decode(const char* text, void* data, std::size_t* size) {
     if (!size)
         return 1;

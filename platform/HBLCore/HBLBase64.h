@@ -3,6 +3,8 @@
 #include "HBLCore/MRLExport.h"
 
 #include <cstddef>
+#include <string>
+#include <string_view>
 
 // Base64 with the standard alphabet and padding, over blocks in memory.
 
@@ -13,6 +15,9 @@ MRL_EXPORT std::size_t HBLBase64EncodedSize(std::size_t size, int lineLength);
 
 /// Writes the text for `size` bytes, HBLBase64EncodedSize() characters and no NUL.
 MRL_EXPORT void HBLBase64Encode(const void* data, std::size_t size, char* text, int lineLength);
+
+/// The text for `bytes`, on one line.
+MRL_EXPORT std::string HBLBase64Encoded(std::string_view bytes);
 
 /// Reads text up to its NUL. Blanks, tabs and line ends are passed over; any other character outside the
 /// alphabet, a last group that is not whole, or text behind the padding is a failure.

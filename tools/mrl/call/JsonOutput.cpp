@@ -42,9 +42,7 @@ Json binary(const MRLBase64Binary& value) {
     const std::string_view bytes(value.str() == nullptr ? "" : value.str(), value.pcount());
     if (value.getIsContentId() != 0)
         return Json{{"@cid", std::string(bytes)}};
-    std::string text(HBLBase64EncodedSize(bytes.size(), 0), '\0');
-    HBLBase64Encode(bytes.data(), bytes.size(), text.data(), 0);
-    return text;
+    return HBLBase64Encoded(bytes);
 }
 
 } // namespace

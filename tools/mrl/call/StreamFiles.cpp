@@ -63,9 +63,7 @@ Json StreamsInline::keep(const MRL_Streamable& stream, const std::string& /*path
     const std::string_view bytes(out.bytes(), static_cast<std::size_t>(out.length()));
     if (isText)
         return bytes;
-    std::string text(HBLBase64EncodedSize(bytes.size(), 0), '\0');
-    HBLBase64Encode(bytes.data(), bytes.size(), text.data(), 0);
-    return text;
+    return HBLBase64Encoded(bytes);
 }
 
 Json StreamFiles::keep(const MRL_Streamable& stream, const std::string& path, bool isText) {

@@ -41,12 +41,6 @@ std::string percentEncoded(std::string_view text) {
     return out;
 }
 
-std::string base64(std::string_view text) {
-    std::string out(HBLBase64EncodedSize(text.size(), 0), '\0');
-    HBLBase64Encode(text.data(), text.size(), out.data(), 0);
-    return out;
-}
-
 std::string utf16(std::string_view text, bool bigEndian) {
     const I18NString wide{text};
     std::string out;
@@ -109,7 +103,7 @@ void Secrets::addForms(const std::string& value, const std::string& mask) {
     add(value, mask);
     add(xmlEscaped(value), mask);
     add(percentEncoded(value), mask);
-    add(base64(value), base64(mask));
+    add(HBLBase64Encoded(value), HBLBase64Encoded(mask));
     add(utf16(value, false), utf16(mask, false));
     add(utf16(value, true), utf16(mask, true));
     std::ranges::stable_sort(m_forms, std::greater<>(), [](const Form& form) { return form.secret.size(); });
