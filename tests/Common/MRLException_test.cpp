@@ -35,16 +35,6 @@ TEST(MRLException, IsBuiltAndThrownInOneStatement) {
     }
 }
 
-TEST(MRLException, TakesSeverityCodeAndText) {
-    EXPECT_EQ(MRLException(3).getErrorCode(), 3);
-    EXPECT_EQ(MRLException(3).getSeverity(), eHBLSeverityError);
-    EXPECT_STREQ(MRLException("plain").getMessage(), "plain");
-    EXPECT_STREQ(MRLException(static_cast<const char*>(nullptr)).getMessage(), "");
-    const MRLException fatal(eHBLSeverityFatal, "plain");
-    EXPECT_STREQ(HBLThrowable::getSeverityName(fatal.getSeverity()), "fatal");
-    EXPECT_EQ(MRLException(eHBLSeverityWarning, 9).getErrorCode(), 9);
-}
-
 TEST(MRLException, TakesOverAnotherOneAndAMessage) {
     MRLException original = noOperation();
     original.addBackTrace({"a.cpp", 1}, "f", "HBL_THROW");

@@ -1,13 +1,14 @@
+#include "support/Environment.h"
+#include "support/TemporaryDirectory.h"
+
 #include "HBLCore/HBLFmDir.h"
 #include "HBLCore/HBLFmFile.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <filesystem>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -15,15 +16,10 @@ namespace {
 
 class Files : public testing::Test {
 protected:
-    Files() {
-        std::string pattern = testing::TempDir() + "mrl_files_XXXXXX";
-        m_directory = mkdtemp(pattern.data());
-    }
-    ~Files() override { fs::remove_all(m_directory); }
-
     std::string at(const char* name) const { return (m_directory / name).string(); }
 
-    fs::path m_directory;
+    const mrl::test::TemporaryDirectory m_temporary;
+    const fs::path m_directory = m_temporary.path();
 };
 
 TEST_F(Files, AreWrittenPositionedAndRead) {
@@ -112,11 +108,12 @@ TEST(Paths, AreTakenFromTheProgramsDirectory) {
         HBLFmDir::resolveEffectivePath(path);
         return path;
     };
-    setenv("MRL_HOME", "/opt/host", 1);
-    EXPECT_EQ(resolved("../configuration/x.xml"), "/opt/host/configuration/x.xml");
-    EXPECT_EQ(resolved("/etc/./x.xml"), "/etc/x.xml");
-    EXPECT_EQ(resolved(""), "");
-    unsetenv("MRL_HOME");
+    {
+        const mrl::test::Variable home("MRL_HOME", "/opt/host");
+        EXPECT_EQ(resolved("../configuration/x.xml"), "/opt/host/configuration/x.xml");
+        EXPECT_EQ(resolved("/etc/./x.xml"), "/etc/x.xml");
+        EXPECT_EQ(resolved(""), "");
+    }
     EXPECT_EQ(resolved("x"), (fs::read_symlink("/proc/self/exe").parent_path() / "x").string());
 }
 

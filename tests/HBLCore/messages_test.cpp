@@ -1,3 +1,6 @@
+#include "support/Environment.h"
+#include "support/TemporaryDirectory.h"
+
 #include "HBLCore/HBLFailure.h"
 #include "HBLCore/HBLMessage.h"
 #include "HBLCore/HBLMessageCatalogue.h"
@@ -5,8 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -15,9 +16,7 @@ namespace {
 /// Catalogues of the component "Test" in a directory of their own, for as long as the test runs.
 class Messages : public testing::Test {
 protected:
-    Messages()
-        : m_directory(std::filesystem::path(testing::TempDir()) / "mrl_messages_test") {
-        std::filesystem::create_directories(m_directory);
+    Messages() {
         write("Test_en.txt", "# comment\n\n"
                              "0x00000001 no \"{0}\" in {1}\n"
                              "0x00000002 it''s {0,number} of {1} \\\nat {2}\r\n"
@@ -25,14 +24,10 @@ protected:
                              "0x00000004 needs a number: {0,number,integer}\n");
         write("Test_de.txt", "0x00000001 kein \"{0}\" in {1}\n0x00000002 {0,number} von {1} bei {2}\n");
         write("Test_de_at.txt", "0x00000001 ka \"{0}\" ned in {1}\n");
-        setenv("MRL_RESOURCES", m_directory.c_str(), 1);
     }
-    ~Messages() override {
-        unsetenv("MRL_RESOURCES");
-        std::filesystem::remove_all(m_directory);
+    void write(const char* name, const char* text) const {
+        std::ofstream(m_directory.path() + "/" + name) << text;
     }
-
-    void write(const char* name, const char* text) const { std::ofstream(m_directory / name) << text; }
 
     static std::string text(const HBLMessageBase& message, const char* language = nullptr) {
         std::string result = "old";
@@ -43,7 +38,8 @@ protected:
     static HBLMessage message(std::uint32_t number) { return {"Test", number}; }
 
 private:
-    std::filesystem::path m_directory;
+    const mrl::test::TemporaryDirectory m_directory;
+    const mrl::test::Variable m_resources{"MRL_RESOURCES", m_directory.path()};
 };
 
 TEST_F(Messages, ReadInTheLanguageAskedForOrTheNearestThatHasThem) {

@@ -2,7 +2,6 @@
 #include "HBLIDOM/Documents.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using mrl::test::expectDomFailure;
 using mrl::test::nested;

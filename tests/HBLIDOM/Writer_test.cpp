@@ -1,12 +1,9 @@
 // The XML that documents are written as.
+#include "support/Files.h"
+#include "support/TemporaryDirectory.h"
+
 #include "HBLIDOM/Documents.h"
 #include "PLQStreams/PLQFileOutputStream.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <fstream>
-#include <iterator>
 
 using mrl::test::expectDomFailure;
 using mrl::test::parsed;
@@ -59,16 +56,15 @@ TEST(Writer, GoesToWhereTheDerivedClassSaysAndEndsItsLinesThere) {
     collected.write(nullptr);
     EXPECT_EQ(collected.all.back(), 'z');
 
-    const std::string path = testing::TempDir() + "mrl-hblidom-writer-test.xml";
+    const mrl::test::TemporaryDirectory directory;
+    const std::string path = directory.path() + "/a.xml";
     {
         PLQFileOutputStream file(path);
         DomStreamWriter writer(file);
         HBLIDOM_Helper::write(parsed("<a/>").getDocumentElement(), writer);
         writer.flush();
     }
-    std::ifstream file(path);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "<a/>");
-    std::remove(path.c_str());
+    EXPECT_EQ(mrl::test::bytesOfFile(path), "<a/>");
 }
 
 TEST(Writer, OtherEncodingsAndWhatDoesNotStandAloneAreRefused) {

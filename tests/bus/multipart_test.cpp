@@ -2,6 +2,7 @@
 
 #include "http/MultipartAnswer.h"
 #include "http/MultipartParts.h"
+#include "support/ChunkedStream.h"
 #include "support/Files.h"
 
 #include <gmock/gmock.h>
@@ -10,25 +11,6 @@
 
 namespace mrl::bus {
 namespace {
-
-/// Gives a text in pieces of one size.
-class Pieces : public PLQInputStream {
-public:
-    Pieces(std::string text, std::size_t size)
-        : m_text(std::move(text))
-        , m_size(size) {}
-    using PLQInputStream::read;
-    std::size_t read(char* buffer, std::size_t count) override {
-        const std::size_t given = m_text.copy(buffer, std::min(count, m_size), m_at);
-        m_at += given;
-        return given == 0 ? endOfStream : given;
-    }
-
-private:
-    std::string m_text;
-    std::size_t m_size;
-    std::size_t m_at = 0;
-};
 
 std::string crlf(const std::string& text) {
     std::string result;
@@ -39,7 +21,7 @@ std::string crlf(const std::string& text) {
 
 /// "type|content;type|content"
 std::string partsOf(const std::string& body, std::size_t pieces) {
-    Pieces in(body, pieces);
+    mrl::test::ChunkedStream in(body, pieces);
     MultipartParts parts(in, "b1");
     std::string result;
     while (parts.next()) {
@@ -102,7 +84,7 @@ TEST(MultipartBodies, AreRefusedWhenTheyBreakTheirRules) {
             EXPECT_THAT([&] { partsOf(crlf(body.body), pieces); },
                         testing::ThrowsMessage<Unreadable>(testing::HasSubstr(body.parts)))
                 << body.name;
-    Pieces in("", 1);
+    mrl::test::ChunkedStream in("", 1);
     for (const std::string& boundary : {std::string(), std::string(71, 'b'), std::string("a\r\n")})
         EXPECT_THROW(MultipartParts(in, boundary), Unreadable) << boundary;
 }

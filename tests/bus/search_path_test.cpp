@@ -1,9 +1,9 @@
 #include "store/SearchPath.h"
 #include "store/Selection.h"
 #include "store/StoreError.h"
+#include "support/Table.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <string>
 
@@ -29,58 +29,22 @@ std::string spell(const SearchPath& path) {
     return text;
 }
 
-struct Accepted {
-    const char* text;
-    const char* meaning;
-};
-
-class AcceptedPath : public testing::TestWithParam<Accepted> {};
-
-TEST_P(AcceptedPath, IsReadAsWritten) {
-    EXPECT_EQ(spell(SearchPath::parse(GetParam().text)), GetParam().meaning);
+TEST(SearchPath, IsReadAsWritten) {
+    for (const auto& row : mrl::test::plainTable("search_paths.txt"))
+        EXPECT_EQ(spell(SearchPath::parse(row[0])), row[1]) << row[0];
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    SearchPath, AcceptedPath,
-    testing::Values(Accepted{"/", "/"}, Accepted{"/content", "/content"},
-                    Accepted{"/content/*", "/content/*"}, Accepted{"//account", "//account"},
-                    Accepted{"/content//report", "/content//report"},
-                    Accepted{"/content/folder[@name='Sales']/report[@name=\"O'Hara\"]",
-                             "/content/folder{name=Sales}/report{name=O'Hara}"},
-                    Accepted{"/a[@name='it''s']", "/a{name=it's}"},
-                    Accepted{"/a[@name='a | b / c]']", "/a{name=a | b / c]}"},
-                    Accepted{" //a [ @x = 'y' ] [@z=\"\"] | / | /b ", "//a{x=y}{z=} | / | /b"},
-                    Accepted{"/a[@name='S\u00fcd']", "/a{name=S\u00fcd}"}));
-
-struct Refused {
-    const char* text;
-    const char* position;
-    const char* remedy;
-};
-
-class RefusedPath : public testing::TestWithParam<Refused> {};
-
-TEST_P(RefusedPath, SaysWhereAndWhatToDo) {
-    try {
-        SearchPath::parse(GetParam().text);
-        FAIL() << GetParam().text << " was accepted";
-    } catch (const StoreError& e) {
-        EXPECT_EQ(e.code(), StoreErrorCode::badSearchPath);
-        EXPECT_THAT(e.what(), HasSubstr(std::string("position ") + GetParam().position + ":"));
-        EXPECT_THAT(e.what(), HasSubstr(GetParam().remedy));
-    }
+TEST(SearchPath, IsRefusedWithItsPlaceAndTheRemedy) {
+    for (const auto& row : mrl::test::plainTable("refused_search_paths.txt"))
+        try {
+            SearchPath::parse(row[0]);
+            ADD_FAILURE() << row[0] << " was accepted";
+        } catch (const StoreError& e) {
+            EXPECT_EQ(e.code(), StoreErrorCode::badSearchPath);
+            EXPECT_THAT(e.what(), HasSubstr("position " + row[1] + ":"));
+            EXPECT_THAT(e.what(), HasSubstr(row[2]));
+        }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    SearchPath, RefusedPath,
-    testing::Values(Refused{"", "1", "begin with '/'"}, Refused{"content", "1", "begin with '/'"},
-                    Refused{"/content/", "10", "give a class"}, Refused{"//", "3", "give a class"},
-                    Refused{"/content |", "11", "begin with '/'"}, Refused{"/content]", "9", "end the path"},
-                    Refused{"/a[name='x']", "4", "[@name='...']"}, Refused{"/a[@name=x]", "10", "quotes"},
-                    Refused{"/a[@name='x]", "10", "close it with the quote"},
-                    Refused{"/a[@name='x'", "13", "close the condition"},
-                    Refused{"/ancestor::folder", "10", "use '/', '//'"},
-                    Refused{"/../a", "2", "give a class"}, Refused{"~", "1", "begin with '/'"}));
 
 TEST(SearchPath, KeepsItsLimits) {
     const auto repeated = [](const std::string& part, std::size_t times) {

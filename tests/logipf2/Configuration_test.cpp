@@ -1,11 +1,11 @@
 #include "support/LogHarness.h"
+#include "support/Table.h"
 
 #include "logipf2/LogAuditIndication.h"
 #include "logipf2/LogConfigurationError.h"
 #include "logipf2/LogTypedLogger.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using mrl::test::LogHarness;
 using testing::HasSubstr;
@@ -78,37 +78,14 @@ TEST(LogConfiguration, ABadChangeIsSaidOnceAndTheFormerOneStays) {
 }
 
 TEST(LogConfiguration, IsRefusedWithLineAndRemedy) {
-    const std::pair<const char*, const char*> rows[] = {
-        {"", "1: not JSON: syntax error while parsing value"},
-        {"{\n\"sinks\": nonsense}", "2: not JSON: syntax error while parsing value"},
-        {"[]", "1: the configuration is not an object; write { ... }"},
-        {"[[[[[[[[[[[[[[[[[[", "1: nested too deeply"},
-        {"{\n\"sink\": {}}", R"(2: "sink" is not known here; known are "asynchronous", "sinks", "loggers")"},
-        {"{\"sinks\": {},\n\n\"sinks\": {}}", R"(3: "sinks" stands twice here)"},
-        {"{\"loggers\": {\"a\":\n{\"level\": \"all\"}}}", "2: not a level; write 10000"},
-        {"{\"loggers\": {\"a\":\n{\"level\": 10001}}}", "2: not a level"},
-        {"{\"loggers\": {\n\"a\": {\"level\": 10000}}}",
-         R"(2: logger "a" has a level but no sink; add "sinks")"},
-        {"{\"loggers\": {\n\"a\": {\"sinks\": [\"x\"]}}}", R"(2: logger "a" writes to sink "x", which)"},
-        {"{\"loggers\": {\n\"a..b\": {}}}", R"(2: "a..b" names no logger)"},
-        {"{\"sinks\": {\"x\": {\n\"type\": \"tape\"}}}", R"(2: "tape" is no type of sink)"},
-        {"{\"sinks\": {\n\"x\": {}}}", R"(2: sink "x" has no "type")"},
-        {"{\"sinks\": {\n\"x\": {\"type\": \"file\"}}}", R"(2: sink "x" has no "path")"},
-        {"{\"sinks\": {\"x\": {\"type\": \"file\",\n\"maxSize\": -1}}}", R"(2: "maxSize" is out of range)"},
-        {"{\"sinks\": {\"x\": {\"type\": \"syslog\",\n\"facility\": \"kern\"}}}",
-         R"(2: "kern" is no facility)"},
-        {"{\"sinks\": {\"x\": {\"type\": \"file\", \"path\": \"l\"},\n"
-         "\"y\": {\"type\": \"file\", \"path\": \"./l\"}}}",
-         R"(2: sink "y" writes the file of sink "x")"},
-        {"{\"asynchronous\": {\n\"queueSize\": 0}}", R"(2: "queueSize" is out of range)"}};
     LogHarness log("{}");
-    for (const auto& [text, reason] : rows) {
-        log.replace(text);
+    for (const auto& row : mrl::test::plainTable("refused.txt")) {
+        log.replace(mrl::test::withBytes(row[0]));
         try {
             LogIPFControl::checkConfiguration(log.path("mrllogging.json"));
-            ADD_FAILURE() << "taken: " << text;
+            ADD_FAILURE() << "taken: " << row[0];
         } catch (const LogConfigurationError& e) {
-            EXPECT_THAT(e.getText(), testing::StartsWith(log.path("mrllogging.json") + ", line " + reason));
+            EXPECT_THAT(e.getText(), testing::StartsWith(log.path("mrllogging.json") + ", line " + row[1]));
         }
     }
     EXPECT_NO_THROW(LogIPFControl::checkConfiguration(MRL_RESOURCES "/mrllogging.json"));

@@ -7,7 +7,6 @@
 #include "logipf2/LogTypedLogger.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using mrl::test::LogHarness;
 using testing::ElementsAre;

@@ -4,7 +4,6 @@
 #include "logipf2/LogTypedLogger.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <functional>

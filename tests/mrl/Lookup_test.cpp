@@ -6,7 +6,6 @@
 #include "lookup/Nearest.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <sstream>
 

@@ -5,13 +5,12 @@
 #include "Toolkit/MRLObjectRegistryI.h"
 #include "Toolkit/MRLPortTypeBinding.h"
 #include "serialization/MRLSOAPMessageIDeserializer.h"
+#include "support/ChunkedStream.h"
 #include "support/Files.h"
 
 #include "HBLCore/HBLSmartPointer.h"
-#include "PLQStreams/PLQMemoryInputStream.h"
 #include "PLQStreams/PLQMemoryOutputStream.h"
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -19,21 +18,6 @@ namespace mrl::test {
 
 /// The sizes of the pieces that every reader test feeds its document in.
 inline constexpr std::size_t chunkSizes[] = {1, 2, 3, 7, 4096};
-
-/// Gives a document in pieces of at most `chunk` bytes.
-class ChunkedStream : public PLQMemoryInputStream {
-public:
-    ChunkedStream(std::string_view document, std::size_t chunk)
-        : PLQMemoryInputStream(document.data(), document.size())
-        , m_chunk(chunk) {}
-    using PLQMemoryInputStream::read;
-    std::size_t read(char* buffer, std::size_t count) override {
-        return PLQMemoryInputStream::read(buffer, std::min(count, m_chunk));
-    }
-
-private:
-    std::size_t m_chunk;
-};
 
 /// What `step` writes to the stream it is given.
 template <class Step>

@@ -21,7 +21,6 @@
 #include "HBLCore/HBLFailure.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <memory>
 #include <optional>

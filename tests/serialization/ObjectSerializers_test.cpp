@@ -19,7 +19,6 @@
 #include "support/Failure.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <stdexcept>
 

@@ -5,7 +5,6 @@
 #include "HBLCore/I18NString.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <cstring>
 #include <ctime>

@@ -41,7 +41,6 @@
 #include "PLQStreams/PLQMemoryOutputStream.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using mrl::test::Call;
 using mrl::test::golden;
