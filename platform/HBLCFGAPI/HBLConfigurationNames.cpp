@@ -7,12 +7,13 @@ namespace {
 
 using enum HBLConfigurationKind;
 
-constexpr std::array<HBLConfigurationName, 17> KNOWN{{
+constexpr std::array<HBLConfigurationName, 18> KNOWN{{
     {"contentManager", eUri, "", "address of the content manager; asked before contentManagers"},
     {"contentManagers", eUriList, "", "addresses of the content managers; the first is used"},
     {"internalDispatcher", eUri, "", "address of the dispatcher, asked first"},
     {"externalDispatcher", eUri, "", "address of the dispatcher when internalDispatcher is not set"},
     {"sdk", eUri, "", "address of the dispatcher when neither of the two is set"},
+    {"bus", eParameters, "", "how services are reached: TLS, proxy, credentials, limits"},
     {"gateway", eText, "", "address of the gateway, the base of addresses in documents"},
     {"temp", eText, "../temp", "directory of temporary files, relative to that of the programs"},
     {"encryptTemporaryFiles", eFlag, "false", "whether temporary files of documents are encrypted"},

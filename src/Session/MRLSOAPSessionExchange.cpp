@@ -76,11 +76,12 @@ void MRLSOAPSession::sendOnce(Exchange& exchange, MRLPortTypeBinding& binding,
                               std::unique_ptr<PLQMemoryOutputStream>& requestCopy) const {
     TavelTKMessageWriter& writer = exchange.openRequest();
     requestCopy.reset();
-    if (trusted == eMRLSOAPTrustedOnDenial) {
+    if (trusted != eMRLSOAPUntrusted && trusted != eMRLSOAPTrusted) {
         requestCopy.reset(hblNew<PLQMemoryOutputStream>(HBL_HERE, REQUEST_COPY_SIZE, REQUEST_COPY_GROWTH));
     }
-    send(writer, binding, binding.getInputMessage(), attachments, requestCopy.get(),
-         trusted == eMRLSOAPTrusted ? 1 : 0, exchange.getURL());
+    send(writer, binding, binding.getInputMessage(), attachments,
+         trusted == eMRLSOAPTrustedOnDenial ? requestCopy.get() : nullptr, trusted == eMRLSOAPTrusted ? 1 : 0,
+         exchange.getURL());
     exchange.closeRequest();
 }
 

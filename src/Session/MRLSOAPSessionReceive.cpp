@@ -124,4 +124,5 @@ void MRLSOAPSession::receive(TavelTKMessageReader& reader, MRLPortTypeBinding& b
         reception.giveBack();
         throw;
     }
+    reception.deserializer.reset(); // it knows the handler, which ends before the reception does
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Session/detail/BusFactory.h"
+#include "fault/FailingAllocations.h"
 
 #include "PLQStreams/PLQMemoryInputStream.h"
 #include "PLQStreams/PLQMemoryOutputStream.h"
@@ -14,6 +15,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -48,7 +50,16 @@ public:
     std::vector<std::string> requests; ///< the envelope of each exchange
     int live = 0;                      ///< factories and sessions not given back yet
 
+    std::function<void()> beforeEach; ///< called before an operation is noted
+
 private:
+    void note(const std::string& operation) {
+        const Aside aside; // what a test notes never fails for want of memory
+        if (beforeEach) {
+            beforeEach();
+        }
+        calls.push_back(operation);
+    }
     [[noreturn]] static void unused() { throw std::logic_error("an operation that a session never calls"); }
 
     struct NotedOutput : PLQOutputStream {
@@ -135,6 +146,7 @@ private:
             return writer;
         }
         void closeRequest(TavelTKMessageWriter&) override {
+            const Aside aside;
             bus.requests.push_back(writer.out.bytes);
             note("closeRequest");
         }
@@ -144,11 +156,11 @@ private:
         }
         void closeResponse(TavelTKMessageReader&) override { note("closeResponse"); }
         void release() override {
-            bus.calls.emplace_back("release");
+            bus.note("release");
             delete this;
         }
         void note(const std::string& operation) {
-            bus.calls.push_back(operation);
+            bus.note(operation);
             if (step.operate) {
                 step.operate(operation);
             }
@@ -166,13 +178,15 @@ private:
         }
         ~Factory() override {
             --bus.live;
-            bus.calls.emplace_back("delete factory");
+            bus.note("delete factory");
         }
         void setProperty(const std::string&, int) override { unused(); }
-        void setProperty(const std::string&, const std::string&) override { unused(); }
+        void setProperty(const std::string& name, const std::string& value) override {
+            bus.note("setProperty(factory) " + name + " " + value);
+        }
         TavelTKSession* getSession(char* url, char* sessionConfig, int timeLimit) override {
-            bus.calls.push_back(std::string("getSession ") + url + " " + sessionConfig + " " +
-                                std::to_string(timeLimit));
+            bus.note(std::string("getSession ") + url + " " + sessionConfig + " " +
+                     std::to_string(timeLimit));
             if (bus.m_script.empty()) {
                 return nullptr;
             }

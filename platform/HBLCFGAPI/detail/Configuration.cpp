@@ -65,6 +65,21 @@ HBLIDOM_Node Configuration::getPropertyElement(const I18NString& name,
     });
 }
 
+std::shared_ptr<const HBLConfigurationProperty> Configuration::find(std::string_view name) const {
+    return hblRethrowing("Configuration::find", [&] {
+        const Shared state = getState();
+        const auto found = state->properties.find(name);
+        return found == state->properties.end()
+                   ? nullptr
+                   : std::shared_ptr<const HBLConfigurationProperty>(state, &found->second);
+    });
+}
+
+std::shared_ptr<const HBLConfigurationProperty> configuredProperty(std::string_view name) {
+    // The factory makes no other kind.
+    return static_cast<const Configuration&>(HBLConfigurationFactory::getInstance()).find(name);
+}
+
 Configuration::Shared Configuration::getState() const {
     const std::lock_guard guard(m_lock);
     if (m_state == nullptr) {

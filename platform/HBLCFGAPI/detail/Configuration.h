@@ -7,6 +7,7 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <string_view>
 
 namespace mrl::detail {
 
@@ -18,6 +19,10 @@ public:
     void load() override;
     I18NString getProperty(const I18NString& name, const I18NString* defaultValue) const override;
     HBLIDOM_Node getPropertyElement(const I18NString& name, const HBLIDOM_Node* defaultValue) const override;
+
+    /// The property with the places of its parts; null when it is not configured. The object is another one
+    /// once anything was loaded or configured anew, and the same until then.
+    std::shared_ptr<const HBLConfigurationProperty> find(std::string_view name) const;
 
 private:
     struct State {
@@ -33,5 +38,8 @@ private:
     mutable std::mutex m_lock;
     mutable Shared m_state; // null until loaded or configured
 };
+
+/// Configuration::find of the process's service.
+std::shared_ptr<const HBLConfigurationProperty> configuredProperty(std::string_view name);
 
 } // namespace mrl::detail

@@ -1,5 +1,7 @@
 #include "Session/detail/BusFactory.h"
 
+#include "Session/MRLBusSettings.h"
+
 #include "TavelTK/TavelTK.h"
 
 #include <atomic>
@@ -13,7 +15,11 @@ std::atomic<BusFactoryMaker> s_maker = &TavelTK::getSessionFactory;
 } // namespace
 
 std::unique_ptr<TavelTK> createBusFactory() {
-    return std::unique_ptr<TavelTK>(s_maker.load()());
+    std::unique_ptr<TavelTK> factory(s_maker.load()());
+    if (const auto settings = MRLBusSettings::current(); settings != nullptr && factory != nullptr) {
+        settings->apply(*factory);
+    }
+    return factory;
 }
 
 BusFactoryMaker replaceBusFactoryMaker(BusFactoryMaker maker) noexcept {

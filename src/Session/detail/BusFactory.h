@@ -6,7 +6,8 @@ class TavelTK;
 
 namespace mrl::detail {
 
-/// Makes what one call drives the bus with. Thread-safe.
+/// Makes what one call drives the bus with, set up as the configuration says. Thread-safe.
+/// @throws HBLConfigurationError for settings that it cannot take.
 std::unique_ptr<TavelTK> createBusFactory();
 
 using BusFactoryMaker = TavelTK* (*)();

@@ -1,6 +1,7 @@
 #include "config/ConfigCheck.h"
 
 #include "Session/MRLAdvancedSetting.h"
+#include "Session/MRLBusSettings.h"
 #include "config/Secrets.h"
 #include "lookup/Nearest.h"
 
@@ -114,6 +115,8 @@ public:
                     proposal(property.name, names));
         } else if (property.name == "advancedSettings") {
             lookAtSettings(property);
+        } else if (property.name == "bus") {
+            lookAtBus(property);
         } else if (property.name == "AAA") {
             lookAtEntries(property, {"inactivityTimeout"});
         } else if (property.name == "CRYPTO") {
@@ -174,6 +177,20 @@ private:
                     "expected each setting once, found " + quoted(entry.path) + " again, first at line " +
                         std::to_string(first->second) + "; the last counts");
             }
+        }
+    }
+
+    void lookAtBus(const HBLConfigurationProperty& property) {
+        const Names names(MRLBusSettings::names().begin(), MRLBusSettings::names().end());
+        for (Finding finding : MRLBusSettings::check(property)) {
+            const auto entry = std::ranges::find_if(property.entries, [&](const auto& candidate) {
+                return candidate.place.line == finding.place.line &&
+                       candidate.place.column == finding.place.column;
+            });
+            if (entry != property.entries.end() && std::ranges::find(names, entry->path) == names.end()) {
+                finding.words += proposal(entry->path, names);
+            }
+            m_findings.push_back(std::move(finding));
         }
     }
 
