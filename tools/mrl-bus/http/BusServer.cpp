@@ -48,7 +48,11 @@ Poco::Net::HTTPServerParams::Ptr toParams(const ServerSettings& settings) {
 
 Poco::Net::ServerSocket listen(const ServerSettings& settings) {
     try {
-        return Poco::Net::ServerSocket(Poco::Net::SocketAddress(settings.host, settings.port));
+        Poco::Net::ServerSocket socket;
+        const bool sharePort = false; // or a second bus would take every other request of the first
+        socket.bind(Poco::Net::SocketAddress(settings.host, settings.port), true, sharePort);
+        socket.listen();
+        return socket;
     } catch (const Poco::Exception& e) {
         throw std::runtime_error("cannot listen on " + settings.host + ":" + std::to_string(settings.port) +
                                  ": " + e.displayText() +

@@ -48,6 +48,13 @@ Database::Database(const std::string& file, Access access) {
     const int rc = sqlite3_open_v2(file.empty() ? ":memory:" : file.c_str(), &handle,
                                    mode | SQLITE_OPEN_NOMUTEX, nullptr);
     m_handle.reset(handle); // SQLite hands out a handle for the message even when it fails
+    if (rc == SQLITE_CANTOPEN)
+        throw SqliteError(
+            step,
+            access == Access::readOnly
+                ? "it cannot be opened; only a store that is there can be read"
+                : "it cannot be opened; name a file in a directory that is there and can be written",
+            rc);
     if (rc != SQLITE_OK)
         throw SqliteError(step, handle != nullptr ? sqlite3_errmsg(handle) : "out of memory", rc);
     sqlite3_extended_result_codes(handle, 1);
@@ -58,7 +65,10 @@ Database::Database(const std::string& file, Access access) {
         execute("PRAGMA foreign_keys = ON; PRAGMA trusted_schema = OFF");
         number("SELECT count(*) FROM sqlite_master"); // the first read: tells a database from another file
     } catch (const SqliteError& e) {
-        throw SqliteError(step, e.what(), e.code());
+        if (e.code() == SQLITE_NOTADB)
+            throw SqliteError(step, "it is another kind of file; name a store of this bus, or a new file",
+                              e.code());
+        throw;
     }
 }
 

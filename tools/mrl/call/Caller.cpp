@@ -122,6 +122,18 @@ int tell(const HBLThrowable& e, int exitCode) {
     return exitCode;
 }
 
+/// What can be done about a failure that the library knows only as a condition that did not hold.
+void tellRemedy(std::string_view condition) {
+    if (condition.find("not found in configuration") != condition.npos)
+        std::cerr
+            << "mrl: there is no --url, and the configuration has no address for this service: give one, "
+               "or set it there (`mrl config show` names the file)\n";
+    else if (condition.find("ZOR_SUCCEEDED") != condition.npos)
+        std::cerr
+            << "mrl: the request could not be encrypted: `mrl keys list` tells whether the key store can "
+               "be used\n";
+}
+
 void submit(MRLPortTypeBinding& binding, const MRLAttachmentList& attachments, const CallSettings& settings) {
     if (settings.retries)
         setRetries(*settings.retries);
@@ -161,12 +173,15 @@ int call(const BuiltRequest& request, const CallSettings& settings) {
     } catch (const TavelTKException& e) {
         return tell(e, isBadReply(e) ? badReplyExit : transportExit);
     } catch (const HBLThrowable& e) {
-        return tell(e, cameWithTheReply(e) ? badReplyExit : int{e_No});
+        const int exitCode = tell(e, cameWithTheReply(e) ? badReplyExit : int{e_No});
+        tellRemedy(e.getMessage());
+        return exitCode;
     }
     if (settings.verbose)
         printEnvelope("reply, as it was understood:", binding, binding.getOutputMessage());
     printReply(binding.getOutputMessage(), settings);
-    return e_Ok;
+    return std::cout.flush() ? int{e_Ok}
+                             : badReplyExit; // what was asked for is done, and nobody has the answer
 }
 
 } // namespace mrl::tool

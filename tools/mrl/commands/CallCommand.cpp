@@ -2,14 +2,13 @@
 #include "call/Template.h"
 #include "commands/Command.h"
 #include "commands/NotFound.h"
+#include "files/FileText.h"
 #include "lookup/Catalogue.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iostream>
 #include <iterator>
 #include <memory>
-#include <stdexcept>
 #include <string>
 
 namespace mrl::tool {
@@ -37,11 +36,7 @@ std::string textOf(const std::string& argument) {
         return {std::istreambuf_iterator<char>(std::cin), {}};
     if (!argument.starts_with('@'))
         return argument;
-    std::ifstream file(argument.substr(1), std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(file), {}};
-    if (!file)
-        throw std::runtime_error("the file '" + argument.substr(1) + "' cannot be read");
-    return text;
+    return fileText(argument.substr(1));
 }
 
 int unknownService(const std::string& name) {

@@ -1,14 +1,15 @@
 #include "commands/Command.h"
+#include "files/FileText.h"
 #include "traffic/Difference.h"
 #include "traffic/Listing.h"
 #include "traffic/Redaction.h"
 #include "traffic/Verification.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iostream>
 #include <map>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -24,7 +25,7 @@ struct TrafficOptions {
     std::string directory;
     std::string other;
     std::string call;
-    Shown shown = Shown::both;
+    std::string only; // "request", "reply", or both
     bool requestsOnly = false;
     bool strict = false;
     std::string into;
@@ -42,10 +43,8 @@ void addTo(PathRules& rules, const TrafficOptions& options) {
 }
 
 void addLines(Secrets& secrets, const std::string& path) {
-    std::ifstream file(path);
-    if (!file)
-        throw TrafficError("the file of secrets '" + path + "' cannot be read");
-    for (std::string line; std::getline(file, line);)
+    std::istringstream lines(fileText(path));
+    for (std::string line; std::getline(lines, line);)
         if (!line.empty())
             secrets.addValue(line);
 }
@@ -62,7 +61,10 @@ int list(const TrafficOptions& options) {
 
 int show(const TrafficOptions& options) {
     const Recording recording = Recording::read(options.directory);
-    printCall(recording.find(options.call), options.shown, std::cout);
+    const Shown shown = options.only.empty()        ? Shown::both
+                        : options.only == "request" ? Shown::request
+                                                    : Shown::reply;
+    printCall(recording.find(options.call), shown, std::cout);
     return e_Ok;
 }
 
@@ -82,7 +84,8 @@ int verifyRecording(const TrafficOptions& options) {
         std::cout << (finding.weight == Finding::problem ? "problem: " : "note: ") << finding.place << ": "
                   << finding.words << '\n';
     const auto problems = std::ranges::count(findings, Finding::problem, &Finding::weight);
-    std::cout << recording.calls.size() << " calls, " << problems << " problems\n";
+    std::cout << recording.calls.size() << (recording.calls.size() == 1 ? " call, " : " calls, ") << problems
+              << (problems == 1 ? " problem\n" : " problems\n");
     return problems == 0 ? e_Ok : e_No;
 }
 
@@ -127,10 +130,8 @@ Command addTrafficCommand(CLI::App& app) {
     CLI::App* showing = addRun(*parent, "show", "A call, indented", *options, *runs, show);
     showing->add_option("CALL", options->call, "As `list` names it, such as contentManagerService.0")
         ->required();
-    const std::map<std::string, Shown> parts = {
-        {"both", Shown::both}, {"request", Shown::request}, {"reply", Shown::reply}};
-    showing->add_option("--only", options->shown, "request or reply")
-        ->transform(CLI::CheckedTransformer(parts));
+    showing->add_option("--only", options->only, "Only the request, or only the reply")
+        ->check(CLI::IsMember({"request", "reply"}));
 
     CLI::App* differing =
         addRun(*parent, "diff", "What a second recording has otherwise than a first", *options, *runs, diff);
@@ -140,7 +141,7 @@ Command addTrafficCommand(CLI::App& app) {
     differing->add_option("--ignore", options->places,
                           "A further place that may differ, such as tracking/userAgent");
     differing->add_option("--rules", options->rules, "A file of such places, one a line");
-    differing->footer("Exit code 1 when something differs.");
+    differing->footer("Exit codes: 0 no difference, 1 something differs or cannot be read, 2 wrong usage.");
 
     CLI::App* redacting =
         addRun(*parent, "redact", "A copy with the secrets masked", *options, *runs, redactRecording);
@@ -149,11 +150,13 @@ Command addTrafficCommand(CLI::App& app) {
     redacting->add_option("--secrets", options->valueFile, "A file of such texts, one a line");
     redacting->add_option("--place", options->places, "A further secret place, such as item/apiKey");
     redacting->add_option("--rules", options->rules, "A file of such places, one a line");
-    redacting->footer("Exit code 3 when files hold packed or encrypted data that could not be searched.");
+    redacting->footer(
+        "Exit codes: 0 done, 1 the copy could not be made, 2 wrong usage, 3 made, and files hold packed "
+        "or encrypted data that could not be searched.");
 
     CLI::App* verifying = addRun(*parent, "verify", "Whether a recording is complete and well-formed",
                                  *options, *runs, verifyRecording);
-    verifying->footer("Exit code 1 when it is not.");
+    verifying->footer("Exit codes: 0 it is, 1 it is not or cannot be read, 2 wrong usage.");
 
     return {parent,
             [parent, options, runs] { return runs->at(parent->get_subcommands().front())(*options); }};

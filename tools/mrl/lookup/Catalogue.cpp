@@ -63,6 +63,15 @@ std::vector<FoundOperation> findOperations(std::string_view name) {
     return found;
 }
 
+std::vector<std::string_view> operationNames(const ServiceRow& service) {
+    std::vector<std::string_view> names;
+    for (const OperationRow& operation : service.operations)
+        names.emplace_back(operation.name);
+    std::ranges::sort(names);
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return names;
+}
+
 std::vector<std::string_view> allNames() {
     std::vector<std::string_view> names;
     for (const TypeRow& type : types())

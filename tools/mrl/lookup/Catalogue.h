@@ -27,6 +27,9 @@ struct FoundOperation {
 /// All signatures of an operation; `name` is "query", or "contentManagerService.query" for one service.
 std::vector<FoundOperation> findOperations(std::string_view name);
 
+/// The operations of a service, each once however many signatures it has.
+std::vector<std::string_view> operationNames(const ServiceRow& service);
+
 /// Every name that can be described.
 std::vector<std::string_view> allNames();
 

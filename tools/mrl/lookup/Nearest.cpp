@@ -15,14 +15,20 @@ char lower(char c) {
 } // namespace
 
 std::size_t editDistance(std::string_view a, std::string_view b) {
-    std::vector<std::size_t> row(b.size() + 1); // distances of the part of `a` so far to each part of `b`
+    // Distances of the part of `a` so far to each part of `b`, and those one and two letters earlier.
+    std::vector<std::size_t> row(b.size() + 1);
+    std::vector<std::size_t> above(row.size());
+    std::vector<std::size_t> twoAbove(row.size());
     std::iota(row.begin(), row.end(), std::size_t{0});
+    const auto same = [&](std::size_t i, std::size_t j) { return lower(a[i]) == lower(b[j]); };
     for (std::size_t i = 0; i < a.size(); ++i) {
-        std::size_t diagonal = std::exchange(row[0], i + 1);
+        twoAbove.swap(above);
+        above.swap(row);
+        row[0] = i + 1;
         for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t replaced = diagonal + (lower(a[i]) == lower(b[j]) ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+            row[j + 1] = std::min({above[j] + (same(i, j) ? 0 : 1), row[j] + 1, above[j + 1] + 1});
+            if (i > 0 && j > 0 && same(i, j - 1) && same(i - 1, j))
+                row[j + 1] = std::min(row[j + 1], twoAbove[j - 1] + 1);
         }
     }
     return row.back();

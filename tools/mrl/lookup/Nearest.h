@@ -6,8 +6,8 @@
 
 namespace mrl::tool {
 
-/// How many letters must be put in, left out or replaced to make one text of the other; another case
-/// of the same letter costs nothing.
+/// How many letters must be put in, left out, replaced, or swapped with the next one to make one text of
+/// the other; another case of the same letter costs nothing.
 std::size_t editDistance(std::string_view a, std::string_view b);
 
 /// The names that `wanted` may have been meant for, the nearest first and at most `count`. None is

@@ -1,10 +1,11 @@
 #include "traffic/PathRules.h"
 
+#include "files/FileText.h"
 #include "traffic/Recording.h"
 
 #include <algorithm>
 #include <array>
-#include <fstream>
+#include <sstream>
 
 namespace mrl::tool {
 
@@ -103,9 +104,7 @@ void PathRules::add(std::string_view rule) {
 }
 
 void PathRules::addFile(const std::filesystem::path& file) {
-    std::ifstream in(file);
-    if (!in)
-        throw TrafficError("the file of rules '" + file.string() + "' cannot be read");
+    std::istringstream in(fileText(file.string()));
     std::string line;
     for (int number = 1; std::getline(in, line); ++number) {
         line.resize(std::min(line.find('#'), line.size()));

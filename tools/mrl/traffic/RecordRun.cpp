@@ -20,7 +20,8 @@ int RecordRun::run() const {
                      "ExternalServicesRecordingMode is 0\n";
         return code == 0 ? 1 : code;
     }
-    std::cerr << "mrl: " << recording.calls.size() << " calls recorded in '" << into.string()
+    std::cerr << "mrl: " << recording.calls.size() << (recording.calls.size() == 1 ? " call" : " calls")
+              << " recorded in '" << into.string()
               << "'; it holds passports and whatever else was sent, see `mrl traffic redact`\n";
     for (const Finding& finding : verify(recording))
         std::cerr << "mrl: " << finding.place << ": " << finding.words << '\n';

@@ -66,8 +66,9 @@ int ReplayRun::run() const {
     }
     const std::size_t differing =
         printDifferences(recording, now, volatilePlaces, Compared::requests, std::cerr);
-    std::cerr << "mrl: " << now.calls.size() << " calls answered from the recording, " << differing
-              << " differ\n";
+    std::cerr << "mrl: " << now.calls.size() << (now.calls.size() == 1 ? " call" : " calls")
+              << " answered from the recording, " << differing
+              << (differing == 1 ? " differs\n" : " differ\n");
     return code != 0 ? code : differing == 0 ? 0 : 1;
 }
 
