@@ -35,7 +35,7 @@ int HBLFmFile::open(const char* path, createmode mode, int flags) {
     if (mode == eCreateNew)
         how |= O_CREAT | O_EXCL;
     else if (mode == eCreateAlways)
-        how |= O_CREAT | O_TRUNC;
+        how |= O_CREAT;
     do {
         m_descriptor = ::open(path, how, S_IRUSR | S_IWUSR);
     } while (m_descriptor < 0 && errno == EINTR);
@@ -45,6 +45,15 @@ int HBLFmFile::open(const char* path, createmode mode, int flags) {
     if (::fstat(m_descriptor, &status) == 0 && S_ISDIR(status.st_mode)) {
         close();
         m_error = EISDIR;
+        return 0;
+    }
+    // Instead of O_TRUNC, and only where there is something: a file system may write a file that was
+    // truncated to the disk when it is closed.
+    if (mode == eCreateAlways && S_ISREG(status.st_mode) && status.st_size != 0 &&
+        ::ftruncate(m_descriptor, 0) != 0) {
+        const int error = errno;
+        close();
+        m_error = error;
         return 0;
     }
     return 1;

@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <new>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 
 using mrl::detail::BlockFile;
@@ -18,6 +19,15 @@ namespace {
 
 constexpr std::size_t c_block = BlockFile::c_blockSize;
 constexpr std::uint64_t c_none = ~std::uint64_t{0};
+
+/// Drops what the file holds. One that is empty already is left alone, and not opened with O_TRUNC: a file
+/// system may write a file that was truncated to the disk when it is closed.
+int emptied(int descriptor) noexcept {
+    struct stat status {};
+    const bool done =
+        ::fstat(descriptor, &status) == 0 && (status.st_size == 0 || ::ftruncate(descriptor, 0) == 0);
+    return done ? 0 : errno;
+}
 
 } // namespace
 
@@ -51,14 +61,18 @@ int ZORFmFile::open(const char* path, HBLFmFile::createmode mode, int flags) {
         failed(mode == HBLFmFile::eOpenExisting ? EOPNOTSUPP : EINVAL);
         return 0;
     }
-    const int how =
-        O_CLOEXEC | O_NOFOLLOW | O_RDWR | O_CREAT | (mode == HBLFmFile::eCreateNew ? O_EXCL : O_TRUNC);
+    const int how = O_CLOEXEC | O_NOFOLLOW | O_RDWR | O_CREAT | (mode == HBLFmFile::eCreateNew ? O_EXCL : 0);
     int descriptor = -1;
     do {
         descriptor = ::open(path, how, S_IRUSR | S_IWUSR);
     } while (descriptor < 0 && errno == EINTR);
     if (descriptor < 0) {
         failed(errno);
+        return 0;
+    }
+    if (const int error = emptied(descriptor)) {
+        BlockFile(descriptor).close();
+        failed(error);
         return 0;
     }
     try {

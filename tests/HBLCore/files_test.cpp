@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
 #include <sys/stat.h>
 
 namespace fs = std::filesystem;
@@ -53,6 +54,9 @@ TEST_F(Files, OpenAsTheirModeSays) {
     EXPECT_EQ(file.write("x", 1), -1);
     EXPECT_EQ(file.open(m_directory.c_str(), HBLFmFile::eOpenExisting, HBLFmFile::eReadOnly), 0);
     EXPECT_EQ(file.getLastError(), EISDIR);
+    std::ofstream(path) << "old";
+    EXPECT_EQ(file.open(path.c_str(), HBLFmFile::eCreateAlways, 0), 1);
+    EXPECT_EQ(file.getLength(), 0) << "what is there goes";
     EXPECT_EQ(file.open(nullptr, HBLFmFile::eCreateAlways, 0), 0);
     EXPECT_EQ(file.open(path.c_str(), HBLFmFile::eCreateAlways, HBLFmFile::eReadOnly), 0);
     EXPECT_FALSE(file.isOpen());
