@@ -87,9 +87,7 @@ TEST(Base64, FollowsTheStandard) {
     const char* const rows[][2] = {{"", ""},        {"f", "Zg=="},        {"fo", "Zm8="},
                                    {"foo", "Zm9v"}, {"foob", "Zm9vYg=="}, {"foobar", "Zm9vYmFy"}};
     for (const auto& [data, text] : rows) {
-        std::string encoded(HBLBase64EncodedSize(std::strlen(data), 0), '*');
-        HBLBase64Encode(data, std::strlen(data), encoded.data(), 0);
-        EXPECT_EQ(encoded, text);
+        EXPECT_EQ(HBLBase64Encoded(data), text);
         std::string decoded(std::strlen(text), '\0');
         std::size_t size = 99;
         EXPECT_EQ(HBLBase64Decode(text, decoded.data(), &size), 0);

@@ -1,3 +1,6 @@
+#include "support/Files.h"
+#include "support/TemporaryDirectory.h"
+
 #include "HBLCore/HBLFailure.h"
 #include "PLQStreams/PLQFileInputStream.h"
 #include "PLQStreams/PLQFileOutputStream.h"
@@ -5,27 +8,14 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <unistd.h>
-
 namespace {
 
 class PLQFileStreams : public testing::Test {
 protected:
-    void SetUp() override {
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        m_path = testing::TempDir() + "plq_" + test->name() + "_" + std::to_string(getpid());
-    }
-    void TearDown() override { std::filesystem::remove(m_path); }
+    std::string fileContent() const { return mrl::test::bytesOfFile(m_path); }
 
-    std::string fileContent() const {
-        std::ifstream in(m_path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-
-    std::string m_path;
+    const mrl::test::TemporaryDirectory m_directory;
+    const std::string m_path = m_directory.path() + "/file";
 };
 
 } // namespace

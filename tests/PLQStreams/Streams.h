@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/ChunkedStream.h"
+
 #include "HBLCore/HBLThrowable.h"
 #include "PLQStreams/PLQInputStream.h"
 #include "PLQStreams/PLQMemoryInputStream.h"
@@ -14,20 +16,7 @@
 /// The sizes in which every stream is fed.
 inline constexpr std::size_t s_chunks[] = {1, 2, 3, 7, 4096};
 
-/// Gives its bytes in reads of at most `chunk`.
-class ChunkedInput : public PLQMemoryInputStream {
-public:
-    ChunkedInput(std::string_view bytes, std::size_t chunk)
-        : PLQMemoryInputStream(bytes.data(), bytes.size())
-        , m_chunk(chunk) {}
-    using PLQMemoryInputStream::read;
-    std::size_t read(char* buffer, std::size_t count) override {
-        return PLQMemoryInputStream::read(buffer, std::min(count, m_chunk));
-    }
-
-private:
-    std::size_t m_chunk;
-};
+using ChunkedInput = mrl::test::ChunkedStream;
 
 /// Takes `room` bytes, then fails.
 class FullOutput : public PLQOutputStream {

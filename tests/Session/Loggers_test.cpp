@@ -7,7 +7,6 @@
 #include "HBLCore/HBLSmartPointer.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 using mrl::test::LogHarness;

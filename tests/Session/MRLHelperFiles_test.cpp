@@ -1,11 +1,11 @@
 #include "Session/MRLDocumentOutput.h"
 #include "Session/MRLHelper.h"
 #include "support/ConfigurationFile.h"
+#include "support/Environment.h"
 #include "support/Failure.h"
 #include "support/TemporaryDirectory.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <csignal>
 #include <sys/timeb.h>
@@ -44,6 +44,8 @@ TEST_F(Commands, GiveTheirOutputAndTheirStatus) {
         {"printf a; exit 7", "a", 7 << 8},
         {"kill -9 $$", "", SIGKILL},
         {"no_such_command_here 2>/dev/null", "", 127 << 8},
+        {"(while echo x; do :; done; echo told) 2>&1 | head -1", "x\n",
+         0}, // ends by the pipe, not by a failure
     };
     for (const auto& row : rows) {
         I18NString output("before ");
@@ -80,7 +82,7 @@ TEST_F(Commands, AreRefusedWithWhatTheSystemSays) {
 
 TEST(Directories, ForOutputUnderTestStandBesideThePrograms) {
     const TemporaryDirectory home;
-    ::setenv("MRL_HOME", home.path().c_str(), 1);
+    const mrl::test::Variable variable("MRL_HOME", home.path());
     const char* const names[] = {"v5DebugNAO", "v5DebugPromptNAO", "v5DebugROM", "v5DebugCGS"};
     std::string path;
     for (int type = 1; type <= 4; ++type) {
@@ -95,7 +97,6 @@ TEST(Directories, ForOutputUnderTestStandBesideThePrograms) {
         EXPECT_EQ(MRLHelper::createTestOutputPath(static_cast<MRLOutputTestType>(type), path), 0);
     }
     EXPECT_EQ(path, "kept");
-    ::unsetenv("MRL_HOME");
 }
 
 TEST(Directories, ForTemporaryFilesAreMadeAnewEachTime) {

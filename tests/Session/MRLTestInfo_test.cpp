@@ -1,4 +1,5 @@
 #include "Session/MRLTestInfo.h"
+#include "support/ConfigurationFile.h"
 #include "support/Failure.h"
 
 #include "HBLCFGAPI/HBLConfigurationFactory.h"
@@ -45,29 +46,23 @@ TEST(TestInfo, HasTheDocumentedDefaults) {
     info->activeDateTime();
     EXPECT_EQ(5, info->getDateTime(5));
     EXPECT_EQ(1, info->getRecordingInState() & info->getUseTestCssFile() & info->getSerializeCallStack());
-    EXPECT_EQ(nullptr, info->getLocale());
-    info->setLocale("fr");
-    EXPECT_STREQ("fr", info->getLocale());
-    info->setLocale(nullptr);
-    EXPECT_EQ(nullptr, info->getLocale());
     EXPECT_EQ(nullptr, info->getConcurrentQueryJobStateDump());
     expectAssert([&] { info->setConcurrentQueryJobStateDump(nullptr); }, "HBL_ASSERT(pDump);");
     info->setConcurrentQueryJobStateDump("");
     EXPECT_STREQ("", info->getConcurrentQueryJobStateDump());
-    EXPECT_EQ(0, info->getMultiThreaded());
 }
 
 struct ContentManagers : testing::Test {
     ~ContentManagers() override { HBLConfigurationFactory::deleteInstance(); }
-    /// @param items the tree of "contentManagers".
-    static void configure(const std::string& items) {
+    static void configure(const std::string& parameters) {
         HBLConfigurationFactory::deleteInstance();
-        const std::string text = "<qzn:parameters xmlns:qzn='http://developer.vantor.example/schemas/"
-                                 "qzconfig/1/'><qzn:parameter name='contentManagers'><qzn:value>" +
-                                 items + "</qzn:value></qzn:parameter></qzn:parameters>";
+        const std::string text = ConfigurationFile::withParameters(parameters);
         HBLIDOM_Document document;
         ASSERT_EQ(1, HBLIDOM_Parser().parse(text.data(), text.size(), document));
         HBLConfigurationFactory::getInstance().configure(document.getDocumentElement());
+    }
+    static void configureItems(const std::string& items) {
+        configure(ConfigurationFile::parameter("contentManagers", items));
     }
     static std::string configured() {
         return HBLConfigurationFactory::getInstance().getProperty("contentManager").toUtf8();
@@ -75,14 +70,14 @@ struct ContentManagers : testing::Test {
 };
 
 TEST_F(ContentManagers, AreReducedToTheFirstWithAWarning) {
-    configure("<qzn:item>http://a.example/</qzn:item><qzn:item>http://b.example/</qzn:item>");
+    configureItems("<qzn:item>http://a.example/</qzn:item><qzn:item>http://b.example/</qzn:item>");
     testing::internal::CaptureStderr();
     MRLTestInfo::setContentManager();
     EXPECT_EQ("WARNING: Multiple content manager entries detected, defaulting to \"http://a.example/\"\n",
               testing::internal::GetCapturedStderr());
     EXPECT_EQ("http://a.example/", configured());
 
-    configure("<qzn:item>http://c.example/</qzn:item>");
+    configureItems("<qzn:item>http://c.example/</qzn:item>");
     testing::internal::CaptureStderr();
     MRLTestInfo::setContentManager();
     EXPECT_EQ("", testing::internal::GetCapturedStderr());
@@ -90,12 +85,7 @@ TEST_F(ContentManagers, AreReducedToTheFirstWithAWarning) {
 }
 
 TEST_F(ContentManagers, MustBeThere) {
-    HBLIDOM_Document document;
-    const std::string none =
-        "<qzn:parameters xmlns:qzn='http://developer.vantor.example/schemas/qzconfig/1/'/>";
-    HBLConfigurationFactory::deleteInstance();
-    ASSERT_EQ(1, HBLIDOM_Parser().parse(none.data(), none.size(), document));
-    HBLConfigurationFactory::getInstance().configure(document.getDocumentElement());
+    configure("");
     expectAssert([] { MRLTestInfo::setContentManager(); }, "HBL_ASSERT(contentManagers.isNull() == FALSE);");
 }
 

@@ -8,6 +8,7 @@
 #include "data/EmptyMessage.h"
 #include "data/LibraryAccess.h"
 #include "support/Failure.h"
+#include "support/Table.h"
 
 #include <gtest/gtest.h>
 
@@ -128,43 +129,22 @@ TEST(CatalogueMessages, EachParameterIsSetAndReadByNameAndRefusesAnotherType) {
     EXPECT_EQ(count, 670u);
 }
 
-/// The SOAP action as the services are described: a namespace of the service and an ending that goes by
-/// the operation.
+/// The SOAP action as the services are described: a namespace of the service and an ending.
 std::string actionOf(const ServiceRow& service, const OperationRow& operation) {
-    static const std::map<std::string_view, std::vector<std::string_view>> endings{
-        {".session",
-         {"editAnalysis", "editAnalysisSpecification", "editQuery", "editQuerySpecification",
-          "findDrillThroughPaths", "run", "runSpecification"}},
-        {".absolute",
-         {"clearCubeWorkloadLog", "getCubeMessages", "getCubeMetrics", "getCubeState", "getOutput",
-          "incrementallyLoadCubes", "pauseCubes", "refreshCubeDataCache", "refreshCubeMemberCache",
-          "refreshCubeSecurity", "release", "restartCubes", "startCubes", "stopCubes",
-          "testDataSourceConnectionWithInfo", "wait"}},
-        {".control", {"cancel"}},
-        {".high",
-         {"back", "currentPage", "deliver", "drill", "email", "firstPage", "forward", "getContext",
-          "getPromptValues", "lastPage", "lineage", "nextPage", "previousPage", "print", "render", "save",
-          "saveAs"}},
-        {".server", {"testDataSourceConnection"}},
-    };
-    // Where a service has an ending of its own: by the service and the request.
-    static const std::map<std::pair<std::string_view, std::string_view>, std::string_view> exceptions{
-        {{"VantorLumenaPortType", "editQuery_1_Request"}, ""},
-        {{"VantorLumenaPortType", "editQuery_2_Request"}, ""},
-        {{"VantorLumenaPortType", "execute_3_Request"}, ".session"},
-        {{"VantorLumenaPortType", "getPromptValues_Request"}, ".absolute"},
-        {{"queryService", "dataSourceTestDataSourceConnection_Request"}, ".absolute"},
-    };
-    std::string action =
+    static const std::map<std::string, std::string> endings = [] {
+        std::map<std::string, std::string> found;
+        for (const auto& row : mrl::test::plainTable("soap_actions.txt"))
+            found[row[0]] = row[1];
+        return found;
+    }();
+    const std::string space =
         std::string_view(service.name) == "VantorLumenaPortType"
             ? "http://developer.vantor.example/schemas/tavel/3#reportService"
             : std::string("http://www.vantor.example/xmlns/prod/vantor/") + service.name + "/202004/";
-    if (const auto own = exceptions.find({service.name, operation.request}); own != exceptions.end())
-        return action.append(own->second);
-    for (const auto& [ending, operations] : endings)
-        if (std::ranges::find(operations, std::string_view(operation.name)) != operations.end())
-            action.append(ending);
-    return action;
+    auto ending = endings.find(std::string(service.name) + "." + operation.request);
+    if (ending == endings.end())
+        ending = endings.find(operation.name);
+    return ending == endings.end() ? space : space + ending->second;
 }
 
 class CatalogueOperations : public testing::Test {

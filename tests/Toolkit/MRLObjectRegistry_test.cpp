@@ -12,7 +12,6 @@
 #include "PLQStreams/PLQMemoryOutputStream.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <functional>

@@ -36,7 +36,6 @@
 #include "PLQStreams/PLQMemoryOutputStream.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <functional>
 #include <memory>
