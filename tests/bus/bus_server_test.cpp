@@ -210,6 +210,12 @@ TEST_F(BusFixture, ServesManyClientsAtATime) {
     EXPECT_EQ(good.load(), 8 * 25);
 }
 
+TEST_F(BusFixture, LeavesAPortThatIsTakenToTheOther) {
+    ServerSettings settings;
+    settings.port = port();
+    EXPECT_THROW(BusServer(m_processor, settings), std::runtime_error);
+}
+
 TEST_F(BusFixture, StopsAtOnceWithIdleConnectionsOpen) {
     Poco::Net::HTTPClientSession session("127.0.0.1", port());
     session.setKeepAlive(true);

@@ -34,6 +34,14 @@ def test_the_file_that_is_shipped_has_no_findings_and_may_be_named():
     assert config("check", SHIPPED).stdout == f"{SHIPPED}: 3 properties, 0 errors, 0 warnings\n"
 
 
+def test_a_logging_configuration_is_told_by_its_ending(tmp_path):
+    assert config("check", SHIPPED.parent / "mrllogging.json").returncode == 0
+    file = tmp_path / "logging.json"
+    file.write_text('{\n"sink": {}}')
+    result = config("check", file)
+    assert (result.returncode, f'{file}, line 2: "sink" is not known' in result.stdout) == (1, True), result
+
+
 def test_a_missing_file_is_an_error_only_where_it_is_named():
     result = config("show")
     assert result.returncode == 0

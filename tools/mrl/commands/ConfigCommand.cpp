@@ -3,7 +3,11 @@
 #include "config/ConfigFile.h"
 #include "config/ConfigShow.h"
 
+#include "logipf2/LogConfigurationError.h"
+#include "logipf2/LogIPFControl.h"
+
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -29,7 +33,22 @@ int noFile(const ConfigFile& file) {
     return e_Ok;
 }
 
+/// A logging configuration: the first mistake ends its reading, so there is one finding at most.
+int checkLogging(const std::string& path) {
+    try {
+        LogIPFControl::checkConfiguration(std::filesystem::absolute(path));
+    } catch (const LogConfigurationError& e) {
+        std::cout << e.getMessage() << '\n';
+        return e_No;
+    }
+    std::cout << path << ": a logging configuration that can be used\n";
+    return e_Ok;
+}
+
 int check(const ConfigOptions& options) {
+    if (options.file.ends_with(".json")) {
+        return checkLogging(options.file);
+    }
     const ConfigFile file = configFile(options.file);
     if (!file.isThere) {
         return noFile(file);
@@ -70,7 +89,8 @@ Command addConfigCommand(CLI::App& app) {
     const auto given = std::make_shared<ConfigOptions>();
     CLI::App* const checking =
         options->add_subcommand("check", "Finds mistakes: one line each, with its place and the remedy");
-    checking->add_option("FILE", given->file, "A configuration file");
+    checking->add_option("FILE", given->file,
+                         "A configuration file; one that ends in .json is a logging configuration");
     checking->add_flag("--strict", given->isStrict, "Warnings count as errors");
     checking->footer("Exit codes: 0 usable, 1 there are errors (with --strict: or warnings), 2 wrong usage.");
     given->show = options->add_subcommand("show", "What holds and where it comes from; secrets are masked");
