@@ -1,7 +1,7 @@
 #pragma once
 
-#include "PLQStreams/PLQInputStream.h"
 #include "PLQStreams/FileDescriptor.h"
+#include "PLQStreams/PLQInputStream.h"
 
 #include <memory>
 #include <string>

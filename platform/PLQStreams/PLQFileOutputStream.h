@@ -1,7 +1,7 @@
 #pragma once
 
-#include "PLQStreams/PLQOutputStream.h"
 #include "PLQStreams/FileDescriptor.h"
+#include "PLQStreams/PLQOutputStream.h"
 
 #include <memory>
 #include <string>
