@@ -126,10 +126,9 @@ std::size_t residentPages() {
     return resident;
 }
 
-TEST(Attachments, BeyondFourGiBPassInConstantMemoryBothWays) {
-    if (!std::getenv("MRL_TORTURE"))
-        GTEST_SKIP() << "set MRL_TORTURE to move 4 GiB up and down";
-    constexpr std::size_t size = (std::size_t(4) << 30) + 1000001;
+TEST(Attachments, OfAnySizePassInConstantMemoryBothWays) {
+    // "make torture" moves more than 4 GiB up and down.
+    const std::size_t size = (std::size_t(std::getenv("MRL_TORTURE") ? 4096 : 64) << 20) + 1000001;
     const std::string piece(1 << 20, 'x');
     Poco::Net::ServerSocket listener = ScriptedPeer::loopbackListener();
     std::size_t sent = 0;

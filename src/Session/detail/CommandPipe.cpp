@@ -15,18 +15,36 @@ sigset_t brokenPipe() {
     return set;
 }
 
+bool isPending() {
+    sigset_t pending;
+    return ::sigpending(&pending) != 0 || ::sigismember(&pending, SIGPIPE) != 0;
+}
+
+/// popen() for a command that ends by a broken pipe, as commands do, however the host's thread is masked. A
+/// signal that waits already stays where it is, and the mask with it.
+std::FILE* open(const char* command, const char* mode) {
+    sigset_t former;
+    const sigset_t set = brokenPipe();
+    const bool isOpened = !isPending() && ::pthread_sigmask(SIG_UNBLOCK, &set, &former) == 0;
+    std::FILE* const file = ::popen(command, mode);
+    if (isOpened) {
+        const int cause = errno;
+        ::pthread_sigmask(SIG_SETMASK, &former, nullptr);
+        errno = cause;
+    }
+    return file;
+}
+
 } // namespace
 
 CommandPipe::CommandPipe(const char* command, bool isReading)
-    : m_file(::popen(command, isReading ? "re" : "we")) { // "e": other commands do not inherit the pipe
+    : m_file(open(command, isReading ? "re" : "we")) { // "e": other commands do not inherit the pipe
     if (m_file == nullptr || isReading) {
         return;
     }
-    sigset_t pending;
     const sigset_t set = brokenPipe();
-    ::sigpending(&pending);
     // A signal that waits already is blocked, and the host's own.
-    m_isBlocked = ::sigismember(&pending, SIGPIPE) == 0 && ::pthread_sigmask(SIG_BLOCK, &set, &m_former) == 0;
+    m_isBlocked = !isPending() && ::pthread_sigmask(SIG_BLOCK, &set, &m_former) == 0;
 }
 
 CommandPipe::~CommandPipe() {
