@@ -3,7 +3,7 @@ PRESET ?= dev
 BUILD := build/$(PRESET)
 JOBS ?= $(shell nproc)
 
-.PHONY: help setup configure build demo test check format tidy layering bench interop fuzz clean
+.PHONY: help setup configure build demo test check format tidy layering bench interop fuzz torture clean
 
 help:
 	@echo "make demo    typed calls answered by a live bus, and a report run there"
@@ -11,6 +11,7 @@ help:
 	@echo "make check   format, tidy, layering, tests"
 	@echo "make bench   the benchmarks, optimised"
 	@echo "make fuzz    every fuzzer for SECONDS=60 each"
+	@echo "make torture every allocation failing once, CALLS=100000 calls while the bus is killed"
 	@echo "make interop against SOAP stacks that others wrote (installs them)"
 	@echo "make format  rewrites sources in the project's format"
 
@@ -65,6 +66,12 @@ fuzz:
 	@cmake --preset fuzz --log-level=NOTICE
 	@cmake --build --preset fuzz -j $(JOBS)
 	@scripts/fuzz build/fuzz $(SECONDS)
+
+torture: CALLS ?= 100000
+torture: configure
+	@cmake --build --preset $(PRESET) -j $(JOBS) --target fault_tests TavelTK_tests mrl-bus
+	@MRL_TORTURE=$(CALLS) MRL_BUS=$(BUILD)/bin/mrl-bus $(BUILD)/bin/fault_tests
+	@MRL_TORTURE=1 $(BUILD)/bin/TavelTK_tests --gtest_filter='Attachments.OfAnySize*'
 
 clean:
 	rm -rf build

@@ -156,7 +156,7 @@ void MRLSOAPSession::submit(MRLPortTypeBinding& binding, MRLSOAPTrusted trusted,
 }
 
 void MRLSOAPSession::submit(MRLPortTypeBinding& binding, const MRLAttachmentList& attachments,
-                            MRLSOAPTrusted trusted, const MRLServiceCallbackI* callback) const {
+                            MRLSOAPTrusted trusted, const MRLServiceCallbackI* callback) const try {
     const std::string method = std::string("submit:") + binding.getOperationName();
     HBL_ASSERT(m_logger);
     MRLRTUsageLogger usage("MRLSOAPSession", method.c_str());
@@ -216,4 +216,6 @@ void MRLSOAPSession::submit(MRLPortTypeBinding& binding, const MRLAttachmentList
         throw;
     }
     exchange.release();
+} catch (const std::exception&) { // out of memory on the way, most likely: none passes this boundary
+    hblRethrowCurrent("MRLSOAPSession::submit()", HBL_HERE);
 }
