@@ -1,5 +1,8 @@
 """The command line tool as its users meet it."""
 
+import os
+import subprocess
+
 import pytest
 from conftest import mrl
 
