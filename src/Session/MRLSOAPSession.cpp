@@ -21,6 +21,7 @@
 #include "PLQStreams/PLQMemoryOutputStream.h"
 
 #include <cstring>
+#include <new>
 
 using mrl::detail::Exchange;
 
@@ -216,6 +217,6 @@ void MRLSOAPSession::submit(MRLPortTypeBinding& binding, const MRLAttachmentList
         throw;
     }
     exchange.release();
-} catch (const std::exception&) { // out of memory on the way, most likely: none passes this boundary
+} catch (const std::bad_alloc&) { // before the handlers or behind them; any other failure goes on as it is
     hblRethrowCurrent("MRLSOAPSession::submit()", HBL_HERE);
 }
