@@ -4,7 +4,10 @@
 #include "TavelTK/detail/Failure.h"
 
 #include <algorithm>
-#include <random>
+#include <array>
+#include <cerrno>
+#include <sys/random.h>
+#include <system_error>
 
 namespace mrl::detail {
 
@@ -12,12 +15,19 @@ namespace {
 
 std::string randomToken() {
     static constexpr std::string_view s_digits = "0123456789abcdef";
-    std::random_device source;
+    // Straight from the system: a std::random_device asks the processor what it is each time it is made.
+    std::array<unsigned char, 16> bytes;
+    for (std::size_t done = 0; done < bytes.size();) {
+        const ssize_t got = ::getrandom(bytes.data() + done, bytes.size() - done, 0);
+        if (got < 0 && errno != EINTR)
+            throw std::system_error(errno, std::generic_category(), "no random bytes from the system");
+        done += got < 0 ? 0 : static_cast<std::size_t>(got);
+    }
     std::string token;
-    while (token.size() < 32) {
-        auto bits = source();
-        for (int digit = 0; digit < 8; ++digit, bits >>= 4)
-            token += s_digits[bits & 15];
+    token.reserve(2 * bytes.size());
+    for (const unsigned byte : bytes) {
+        token += s_digits[byte >> 4];
+        token += s_digits[byte & 15];
     }
     return token;
 }
