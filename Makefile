@@ -69,8 +69,9 @@ fuzz:
 
 torture: CALLS ?= 100000
 torture: configure
-	@cmake --build --preset $(PRESET) -j $(JOBS) --target fault_tests TavelTK_tests mrl-bus
-	@MRL_TORTURE=$(CALLS) MRL_BUS=$(BUILD)/bin/mrl-bus $(BUILD)/bin/fault_tests
+	@cmake --build --preset $(PRESET) -j $(JOBS) --target fault_tests TavelTK_tests torture mrl-bus
+	@$(BUILD)/bin/fault_tests
+	@$(BUILD)/bin/torture $(BUILD)/bin/mrl-bus $(CALLS)
 	@MRL_TORTURE=1 $(BUILD)/bin/TavelTK_tests --gtest_filter='Attachments.OfAnySize*'
 
 clean:
