@@ -1,0 +1,130 @@
+// A call whose reply ends after each of its bytes once: the caller gets the whole reply, by a retry, or one
+// clear exception, and the next call works.
+#include "Session/MRLSOAPSession.h"
+#include "Session/Replies.h"
+#include "Toolkit/MRLContentManagerServicePortType.h"
+#include "Toolkit/MRLContentQueryTenantMembership_Reply.h"
+#include "Toolkit/MRLPortTypeBinding.h"
+#include "Toolkit/MRLStringArray.h"
+#include "Toolkit/MRLTavelHeader.h"
+#include "support/ConfigurationFile.h"
+#include "support/ScriptedPeer.h"
+
+#include "HBLCore/HBLSmartPointer.h"
+#include "TavelTK/TavelTKError.h"
+#include "TavelTK/TavelTKException.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+const Texts s_whole{"north & south", "east"};
+
+std::string envelope() {
+    return mrl::test::envelope("<r><result><item>north &amp; south</item><item>east</item></result></r>");
+}
+
+std::string byLength() {
+    return reply(envelope());
+}
+
+std::string byChunks() { // one ends within a name, the next within an entity
+    const std::string all = envelope();
+    const std::size_t name = all.find("esult>") + 1;
+    const std::size_t entity = all.find("amp;") + 1;
+    std::string bytes = "HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\nTransfer-Encoding: chunked\r\n\r\n";
+    for (const std::string& piece :
+         {all.substr(0, name), all.substr(name, entity - name), all.substr(entity)}) {
+        char size[16];
+        std::snprintf(size, sizeof size, "%zx\r\n", piece.size());
+        bytes += size + piece + "\r\n";
+    }
+    return bytes + "0\r\n\r\n";
+}
+
+std::string timeLimit(const char* milliseconds) {
+    return ConfigurationFile::withParameters(ConfigurationFile::parameter(
+        "bus", ConfigurationFile::parameter("receive-time-limit", milliseconds)));
+}
+
+class EveryByte : public testing::TestWithParam<std::string (*)()> {
+protected:
+    void SetUp() override { m_session.setURI(m_peer.url()); }
+
+    /// @return the code of the failure the call ended in; 0 with the whole reply.
+    int ask() {
+        const HBLSmartPointer<MRLPortTypeBinding> call(
+            MRLContentManagerServicePortType::getInstance().createPortTypeBinding(
+                MRLMessageI::eMRLContentQueryTenantMembership_Request));
+        const auto& output =
+            static_cast<const MRLContentQueryTenantMembership_Reply&>(call->getOutputMessage());
+        int code = 0;
+        try {
+            m_session.submit(*call, MRLSOAPSession::eMRLSOAPUntrusted, nullptr);
+        } catch (const TavelTKException& e) {
+            code = e.getErrorCode();
+        }
+        Texts held;
+        if (const MRLStringArray* const result = output.getResult()) {
+            held.assign(result->begin(), result->end());
+        }
+        if (code == 0) {
+            EXPECT_EQ(s_whole, held);
+        } else { // the caller was told; what arrived complete may stand there
+            EXPECT_TRUE(held.size() <= s_whole.size() &&
+                        std::equal(held.begin(), held.end(), s_whole.begin()));
+        }
+        return code;
+    }
+
+    const std::string m_whole = GetParam()();
+    ScriptedPeer m_peer;
+    MRLTavelHeader m_header;
+    MRLSOAPSession m_session{&m_header, nullptr, nullptr, nullptr, nullptr, "test"};
+};
+
+TEST_P(EveryByte, MayBeTheLastBeforeTheConnectionEnds) {
+    const ConfigurationFile hangs(timeLimit("5000")); // would end in a code of their own
+    for (const Answer::After how : {Answer::close, Answer::reset}) {
+        for (std::size_t length = 0; length < m_whole.size(); ++length) {
+            SCOPED_TRACE((how == Answer::reset ? "reset after " : "closed after ") +
+                         m_whole.substr(0, length));
+            m_peer.add({m_whole.substr(0, length), how});
+            m_peer.add({m_whole});
+            const int code = ask();
+            // A reset may overtake what was sent before it; then nothing has begun.
+            const bool nothingCame = length == 0 || (how == Answer::reset && code != 0);
+            ASSERT_EQ(nothingCame ? static_cast<int>(TavelTKError::closedBeforeReply) : 0, code);
+            if (nothingCame) {
+                ASSERT_EQ(0, ask()) << "the whole answer was not asked for before";
+            }
+        }
+    }
+}
+
+TEST_P(EveryByte, MayBeTheLastBeforeThePeerFallsSilent) {
+    const std::size_t body = m_whole.find("\r\n\r\n") + 4;
+    for (const std::size_t length :
+         {std::size_t{0}, std::size_t{5}, body - 1, body, m_whole.find("south"), m_whole.size() - 1}) {
+        SCOPED_TRACE(m_whole.substr(0, length));
+        m_peer.add({m_whole.substr(0, length), Answer::silence});
+        {
+            const ConfigurationFile brief(timeLimit("40"));
+            ASSERT_EQ(static_cast<int>(TavelTKError::receiveTimedOut), ask());
+        }
+        m_peer.add({m_whole});
+        ASSERT_EQ(0, ask());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Session, EveryByte, testing::Values(&byLength, &byChunks),
+                         [](const auto& row) { return row.index == 0 ? "ByLength" : "ByChunks"; });
+
+} // namespace
