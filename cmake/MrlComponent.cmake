@@ -47,5 +47,6 @@ function(mrl_tests name)
         endif()
     endforeach()
     target_link_libraries(${name}_tests PRIVATE GTest::gmock GTest::gtest_main)
-    gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." PROPERTIES TIMEOUT 300)
+    gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}."
+        NO_PRETTY_TYPES NO_PRETTY_VALUES PROPERTIES TIMEOUT 300)
 endfunction()

@@ -36,6 +36,7 @@ int endParsing(const CLI::App& app, const CLI::ParseError& e) {
     } else {
         const auto commands = last.get_subcommands([](const CLI::App*) { return true; });
         std::vector<std::string> names;
+        names.reserve(commands.size());
         for (const CLI::App* command : commands)
             names.push_back(command->get_name());
         notFound("command", unknown.front(), {names.begin(), names.end()});
