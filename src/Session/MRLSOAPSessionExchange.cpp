@@ -3,6 +3,7 @@
 #include "Session/MRLSOAPSession.h"
 #include "Session/detail/Exchange.h"
 #include "Session/detail/FaultCode.h"
+#include "Toolkit/MRLMessageI.h"
 #include "Toolkit/MRLPortTypeBinding.h"
 #include "serialization/MRLSOAPFaultException.h"
 
@@ -15,6 +16,7 @@
 
 #include <array>
 #include <string_view>
+#include <vector>
 
 using mrl::detail::Exchange;
 
@@ -35,6 +37,15 @@ bool isPermissionDenied(const char* code) {
         }
     }
     return false;
+}
+
+/// Takes back what a reply that broke off has set: the next reply may leave it out.
+void forgetReply(MRLMessageI& message) {
+    std::vector<const char*> names;
+    message.getParameterNames(names);
+    for (const char* name : names) {
+        message.setParameter(name, nullptr, message.getParameterType(name));
+    }
 }
 
 } // namespace
@@ -100,6 +111,7 @@ void MRLSOAPSession::retry(Exchange& exchange, MRLPortTypeBinding& binding,
             exchange.abandon();
             exchange.begin(traced ? RETRY_ECHO_FILE : nullptr);
             sendOnce(exchange, binding, attachments, trusted, requestCopy);
+            forgetReply(binding.getOutputMessage());
             receive(exchange.openResponse(), binding, binding.getOutputMessage(),
                     exchange.isRecording() ? 1 : 0, exchange.getURL());
             return;
