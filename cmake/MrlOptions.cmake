@@ -29,10 +29,8 @@ add_compile_options(
     $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast>
     $<$<COMPILE_LANGUAGE:CXX>:-Wconversion>
     $<$<COMPILE_LANGUAGE:CXX>:-Wno-sign-conversion>
-    # Optimising, g++ 12 takes "text" + std::string for an overlapping copy, and an initializer list of structures
-    # with texts for one that is not filled.
+    # Optimising, g++ 12 takes "text" + std::string for an overlapping copy.
     $<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>>:-Wno-restrict>
-    $<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>>:-Wno-maybe-uninitialized>
     # The library calls itself directly; nobody puts functions in front of its own.
     $<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>>:-fno-semantic-interposition>
     # Back traces carry file names: relative to the project, never of the machine it was built on.
