@@ -135,7 +135,7 @@ ZOR_Int32 ZOR_CryptoInitialize(const char* document, ZOR_UInt32, char** details)
 
 ZOR_Int32 ZOR_CryptoTerminate(const char* document, ZOR_UInt32, char** details) {
     return withDetails(details, [&] {
-        const std::string& service = ControlDocument(document, "terminateDocument").get("serviceID");
+        const std::string service = ControlDocument(document, "terminateDocument").get("serviceID");
         const HBLThreadGuard guard(s_servicesLock);
         const auto started = services().find(service);
         if (started == services().end())

@@ -18,8 +18,10 @@ namespace {
 class Section {
 public:
     void add(void* object, MRLSchemaTypeI::ObjectType type, std::string name) {
-        m_owned.emplace_back(hblNew<ObjectContext>(HBL_HERE, object, type, std::move(name)));
-        m_list.push_back(m_owned.back().get());
+        std::unique_ptr<ObjectContext> context(
+            hblNew<ObjectContext>(HBL_HERE, object, type, std::move(name)));
+        m_list.push_back(context.get());
+        m_owned.push_back(std::move(context));
     }
     const std::vector<ObjectContext*>& list() const { return m_list; }
 

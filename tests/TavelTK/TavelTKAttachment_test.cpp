@@ -174,7 +174,11 @@ TEST(Attachments, OfAnySizePassInConstantMemoryBothWays) {
     peer.join();
     EXPECT_EQ(received, size);
     EXPECT_GT(sent, size);
+#ifdef __SANITIZE_ADDRESS__ // which keeps what was given back
+    static_cast<void>(before);
+#else
     EXPECT_LT(residentPages(), before + 2048) << "8 MiB for buffers of both ends";
+#endif
 }
 
 } // namespace
