@@ -25,7 +25,7 @@ ZORKeyStore::Entry entryOf(const MasterKey& master, const KeySet& keys) {
 
 std::string ZORKeyStore::location() {
     std::string path;
-    if (const char* const named = std::getenv(s_locationVariable))
+    if (const char* const named = secure_getenv(s_locationVariable))
         path = named;
     if (auto* const source = s_source.load(); path.empty() && source != nullptr)
         path = source();
