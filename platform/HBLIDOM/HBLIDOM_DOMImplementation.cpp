@@ -17,7 +17,9 @@ HBLIDOM_DOMImplementation::HBLIDOM_DOMImplementation() {
 }
 
 HBLIDOM_Document HBLIDOM_DOMImplementation::createDocument() {
-    return DomAccess::adopt(xercesc::DOMImplementation::getImplementation()->createDocument());
+    return mrl::detail::changing("DOMImplementation::createDocument", nullptr, nullptr, [] {
+        return DomAccess::adopt(xercesc::DOMImplementation::getImplementation()->createDocument());
+    });
 }
 
 HBLIDOM_Document HBLIDOM_DOMImplementation::createDocument(const I18NString& namespaceURI,

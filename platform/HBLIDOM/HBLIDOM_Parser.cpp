@@ -9,8 +9,6 @@
 #include "PLQStreams/PLQMemoryInputStream.h"
 #include "PLQStreams/PLQStreamError.h"
 
-#include <xercesc/util/OutOfMemoryException.hpp>
-
 #include <optional>
 
 using mrl::detail::DomRefusal;
@@ -54,10 +52,8 @@ int HBLIDOM_Parser::parse(PLQInputStream& stream, HBLIDOM_Document& document) {
             return refused(*refusal);
         }
         document = mrl::detail::DomAccess::adopt(builder.adoptDocument());
-    } catch (const xercesc::OutOfMemoryException&) {
-        hblOutOfMemory(HBL_HERE, PARSE);
     } catch (...) {
-        hblRethrowCurrent(PARSE, HBL_HERE);
+        mrl::detail::xmlRethrowCurrent(PARSE, HBL_HERE);
     }
     refused({eNoError, I18NString()});
     return 1;

@@ -15,7 +15,8 @@ enum ZORStatus : int {
     eZORRefused = -5,        ///< changed, forged, or made for another purpose, service or passport
     eZORExpired = -6,        ///< genuine, and too old or seen before
     eZORUnknownVersion = -7, ///< a form that this version does not know
-    eZORSystem = -8,         ///< no memory or no randomness
+    eZORSystem = -8,         ///< no randomness, or a failure of OpenSSL or of the configuration
+    eZOROutOfMemory = -9,    ///< no memory; may come without a text, and nothing else has changed
 };
 
 /// A refusal of the crypto library. The text names what was refused and where, and no secret.

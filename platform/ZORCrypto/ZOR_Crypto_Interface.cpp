@@ -64,7 +64,7 @@ void giveOut(std::string_view bytes, char** result, ZOR_UInt32* resultSize) {
         refuse(eZORBadArgument, "the result is larger than 4 GiB");
     *result = giveOut(bytes);
     if (*result == nullptr)
-        refuse(eZORSystem, "there is no memory for the result");
+        throw std::bad_alloc();
     if (resultSize != nullptr)
         *resultSize = static_cast<ZOR_UInt32>(bytes.size());
 }
@@ -91,15 +91,17 @@ ZOR_Int32 ended(Step&& step, Tell&& tell) noexcept {
         } catch (const ZORError& e) {
             tell(e.getText());
             return e.getStatus();
+        } catch (const HBLOutOfMemoryError&) {
+            throw std::bad_alloc();
         } catch (HBLThrowable& e) { // such as a configuration that names the store and cannot be read
             tell(e.getMessage());
             return eZORSystem;
-        } catch (const std::bad_alloc&) {
-            tell("there is no memory");
         }
-    } catch (...) { // no memory to tell it either
+    } catch (const std::bad_alloc&) { // perhaps none to tell of another failure
+        return eZOROutOfMemory;
+    } catch (...) { // noexcept
+        return eZORSystem;
     }
-    return eZORSystem;
 }
 
 template <class Step>
@@ -107,8 +109,8 @@ ZOR_Int32 withDetails(char** details, Step&& step) noexcept {
     if (details != nullptr)
         *details = nullptr;
     return ended(step, [details](const char* text) {
-        if (details != nullptr)
-            *details = giveOut(text);
+        if (details != nullptr && (*details = giveOut(text)) == nullptr)
+            throw std::bad_alloc();
     });
 }
 
@@ -233,7 +235,7 @@ ZOR_Int32 ZOR_CryptoGetLastErrorDetails(ZOR_Handle handle, ZOR_UInt32, char** de
     if (of == nullptr || details == nullptr)
         return eZORBadArgument;
     *details = of->lastError.empty() ? nullptr : giveOut(of->lastError);
-    return eZORSuccess;
+    return of->lastError.empty() || *details != nullptr ? eZORSuccess : eZOROutOfMemory;
 }
 
 void ZOR_CryptoFree(void* pointer, ZOR_UInt32) {

@@ -1,5 +1,6 @@
 // Credentials: bound to a passport, or as XML of which a part may be encrypted.
 #include "Session/MRLHelper.h"
+#include "Session/detail/CryptoStatus.h"
 #include "Toolkit/MRLXmlEncodedXML.h"
 
 #include "HBLCore/HBLBase64.h"
@@ -12,6 +13,8 @@
 
 #include <cstring>
 #include <memory>
+
+using mrl::detail::unlessOutOfMemory;
 
 namespace {
 
@@ -38,9 +41,9 @@ void MRLHelper::encryptCredential(const char* credential, const char* passport, 
     HBL_ASSERT(passport);
     char* result = nullptr;
     ZOR_UInt32 resultSize = 0;
-    const ZOR_Int32 status =
-        ZOR_EncryptCredential(credential, HBLDowncastSize::uint32(std::strlen(credential)), passport,
-                              HBLDowncastSize::uint32(std::strlen(passport)), flags, &result, &resultSize, 0);
+    const ZOR_Int32 status = unlessOutOfMemory(ZOR_EncryptCredential(
+        credential, HBLDowncastSize::uint32(std::strlen(credential)), passport,
+        HBLDowncastSize::uint32(std::strlen(passport)), flags, &result, &resultSize, 0));
     HBL_ASSERT_NAMED(ZOR_SUCCEEDED(status), "MRLHelper::encryptCredential");
     out.reset();
     const auto give = [](char* text) { ZOR_CryptoFree(text, 0); };
@@ -54,8 +57,8 @@ void MRLHelper::decryptCredential(const char* encrypted, unsigned int size, cons
     HBL_ASSERT(passport);
     char* result = nullptr;
     ZOR_UInt32 resultSize = 0;
-    const ZOR_Int32 status = ZOR_DecryptCredential(
-        encrypted, size, passport, HBLDowncastSize::uint32(std::strlen(passport)), &result, &resultSize, 0);
+    const ZOR_Int32 status = unlessOutOfMemory(ZOR_DecryptCredential(
+        encrypted, size, passport, HBLDowncastSize::uint32(std::strlen(passport)), &result, &resultSize, 0));
     HBL_ASSERT_NAMED(ZOR_SUCCEEDED(status), "MRLHelper::decryptCredential");
     const auto give = [](char* text) { ZOR_CryptoFree(text, 0); };
     const std::unique_ptr<char, decltype(give)> owned(result, give);

@@ -2,6 +2,7 @@
 #include "Common/MRLException.h"
 #include "Session/MRLHelper.h"
 #include "Session/MRLProperty.h"
+#include "Session/detail/CryptoStatus.h"
 #include "Session/detail/SpecSignature.h"
 #include "Toolkit/MRLQAF.h"
 #include "Toolkit/MRLTavelHeader.h"
@@ -18,6 +19,8 @@
 #include <cstring>
 #include <memory>
 #include <strings.h>
+
+using mrl::detail::unlessOutOfMemory;
 
 namespace {
 
@@ -37,7 +40,7 @@ std::string configuredKeyStore() {
 /// The last failure on a handle whose lock is held.
 std::string lastDetails(ZOR_Handle handle) {
     char* details = nullptr;
-    ZOR_CryptoGetLastErrorDetails(handle, 0, &details);
+    unlessOutOfMemory(ZOR_CryptoGetLastErrorDetails(handle, 0, &details));
     const ZorText owned(details);
     return details != nullptr ? details : "";
 }
@@ -130,12 +133,13 @@ void MRLHelper::openHandle(const CryptoPurpose& purpose, const char* service, MR
             std::string document;
             getXMLSessionConfigDoc(service, document);
             char* details = nullptr;
-            if (!ZOR_SUCCEEDED(ZOR_PersistentInitialize(&purpose.handle, document.c_str(), 0, &details)) &&
-                details != nullptr) {
+            const ZOR_Int32 opened =
+                unlessOutOfMemory(ZOR_PersistentInitialize(&purpose.handle, document.c_str(), 0, &details));
+            if (!ZOR_SUCCEEDED(opened) && details != nullptr) {
                 const ZorText owned(details);
                 cannotOpen(details, purpose.getter, "ZOR_PersistentInitialize");
             }
-            if (!ZOR_SUCCEEDED(ZOR_SetInfo(purpose.handle, purpose.action, 0))) {
+            if (!ZOR_SUCCEEDED(unlessOutOfMemory(ZOR_SetInfo(purpose.handle, purpose.action, 0)))) {
                 if (const std::string text = lastDetails(purpose.handle); !text.empty())
                     cannotOpen(text.c_str(), purpose.getter, "ZOR_SetInfo");
             }
@@ -178,7 +182,8 @@ ZorText protect(ZOR_Handle zor, HBLThreadCriticalSection& lock, const char* data
     std::string details;
     {
         const HBLThreadGuard guard(lock);
-        status = ZOR_ProtectData(zor, data, static_cast<ZOR_UInt32>(size), &result, &resultSize, 0);
+        status = unlessOutOfMemory(
+            ZOR_ProtectData(zor, data, static_cast<ZOR_UInt32>(size), &result, &resultSize, 0));
         if (!ZOR_SUCCEEDED(status))
             details = lastDetails(zor);
     }
@@ -250,7 +255,8 @@ int unprotect(ZOR_Handle zor, HBLThreadCriticalSection& lock, const char* data, 
     ZOR_Int32 status = 0;
     {
         const HBLThreadGuard guard(lock);
-        status = ZOR_UnprotectData(zor, data, static_cast<ZOR_UInt32>(size), &result, &resultSize, 0);
+        status = unlessOutOfMemory(
+            ZOR_UnprotectData(zor, data, static_cast<ZOR_UInt32>(size), &result, &resultSize, 0));
     }
     if (!ZOR_SUCCEEDED(status))
         return 0;
@@ -307,8 +313,8 @@ int MRLHelper::verifySpecSignature(const char* data, std::size_t size, const cha
     ZOR_Int32 status = 0;
     {
         const HBLThreadGuard guard(handle.getCritSection());
-        status = ZOR_UnprotectData(handle.getHandle(), data, static_cast<ZOR_UInt32>(size), &result,
-                                   &veridataSize, 0);
+        status = unlessOutOfMemory(ZOR_UnprotectData(handle.getHandle(), data, static_cast<ZOR_UInt32>(size),
+                                                     &result, &veridataSize, 0));
     }
     if (!ZOR_SUCCEEDED(status))
         return 0;
@@ -333,12 +339,12 @@ int MRLHelper::getSecureStateExternal(const MRLTavelHeader* pHeader, const char*
     // What is asked for afterwards is what this handle saw last: the lock covers both.
     const HBLThreadGuard guard(handle.getCritSection());
     char* inAndOut = const_cast<char*>(state); // read, and left as it is
-    if (!ZOR_SUCCEEDED(
-            ZOR_UnprotectData(handle.getHandle(), passport, passportSize, &inAndOut, &stateSize, 0)))
+    if (!ZOR_SUCCEEDED(unlessOutOfMemory(
+            ZOR_UnprotectData(handle.getHandle(), passport, passportSize, &inAndOut, &stateSize, 0))))
         return 0;
     char* text = nullptr;
-    const ZOR_Int32 status = ZOR_GetInfo(
-        handle.getHandle(), "<getInfoDocument><externalFlag/><validationFlag/></getInfoDocument>", &text, 0);
+    const ZOR_Int32 status = unlessOutOfMemory(ZOR_GetInfo(
+        handle.getHandle(), "<getInfoDocument><externalFlag/><validationFlag/></getInfoDocument>", &text, 0));
     const ZorText info(text);
     if (!ZOR_SUCCEEDED(status) || text == nullptr)
         return 0;

@@ -17,8 +17,10 @@
 
 #include <xercesc/sax/SAXException.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
+#include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/XMLException.hpp>
 
+#include <new>
 #include <string>
 
 using mrl::detail::EnvelopeGuard;
@@ -91,6 +93,12 @@ void MRLSOAPMessageIDeserializer::parse(PLQInputStream& stream, MRLMessageIConte
     } catch (HBLThrowable& e) {
         m_tavelHeader = handler.getTavelHeader();
         HBL_RETHROW(PARSE_CALL);
+    } catch (const std::bad_alloc&) {
+        m_tavelHeader = handler.getTavelHeader();
+        hblOutOfMemory(HBL_HERE, PARSE_CALL);
+    } catch (const xercesc::OutOfMemoryException&) { // derives from nothing
+        m_tavelHeader = handler.getTavelHeader();
+        hblOutOfMemory(HBL_HERE, PARSE_CALL);
     } catch (const std::exception& e) {
         m_tavelHeader = handler.getTavelHeader();
         HBL_THROW(HBLStdExceptionError(e), PARSE_CALL);

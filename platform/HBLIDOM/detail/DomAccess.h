@@ -5,10 +5,10 @@
 #include "HBLIDOM/HBLIDOM_NamedNodeMap.h"
 #include "HBLIDOM/HBLIDOM_NodeList.h"
 #include "HBLIDOM/detail/DomTree.h"
+#include "HBLIDOM/detail/XmlLibrary.h"
 
 #include <xercesc/dom/DOMException.hpp>
 #include <xercesc/dom/DOMNode.hpp>
-#include <xercesc/util/OutOfMemoryException.hpp>
 
 #include <memory>
 #include <string>
@@ -70,8 +70,8 @@ auto changing(const char* operation, const xercesc::DOMNode* node, const I18NStr
         return std::forward<Step>(step)();
     } catch (const xercesc::DOMException& failure) {
         throwDomFailure(failure, operation, node, name);
-    } catch (const xercesc::OutOfMemoryException&) {
-        hblOutOfMemory(HBL_HERE, operation);
+    } catch (...) {
+        xmlRethrowCurrent(operation, HBL_HERE);
     }
 }
 
