@@ -291,12 +291,12 @@ void MRLHelper::xmlDecode(const char* data, std::size_t size, HBLByteBuffer& out
 }
 
 void MRLHelper::urlEncode(const void* input, std::size_t byteCount, HBLByteBuffer& out) {
-    out.reset();
     if (byteCount == 0) {
-        return;
+        return out.reset();
     }
     HBL_ASSERT(input);
     const std::size_t units = byteCount / 2;
+    out.reset();
     out.reserve(units * 3);
     for (std::size_t i = 0; i < units; ++i) {
         std::uint16_t unit = 0;

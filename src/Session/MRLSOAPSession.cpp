@@ -40,9 +40,9 @@ std::unique_ptr<char[]> copyOf(const char* text) {
     if (text == nullptr) {
         return nullptr;
     }
-    const std::size_t length = std::strlen(text);
-    auto copy = std::make_unique<char[]>(length + 1);
-    std::memcpy(copy.get(), text, length);
+    const std::size_t size = std::strlen(text) + 1;
+    std::unique_ptr<char[]> copy(hblNewChars(HBL_HERE, size));
+    std::memcpy(copy.get(), text, size);
     return copy;
 }
 
@@ -66,11 +66,12 @@ MRLSOAPSession::MRLSOAPSession(const MRLTavelHeader* header, MRLIPFLogger* logge
         }
     }
     if (m_logger == nullptr) {
-        m_logger = MRLIPFLogger::create(nullptr);
-        m_ownsLogger = true;
+        std::unique_ptr<MRLIPFLogger> own(MRLIPFLogger::create(nullptr));
         MRLIPFLogger::initialize();
-        m_logger->setRTUsageLoggerName("Audit.RTUsage.MRL");
-        m_logger->setPerfLoggerName("Perf.MRL");
+        own->setRTUsageLoggerName("Audit.RTUsage.MRL");
+        own->setPerfLoggerName("Perf.MRL");
+        m_logger = own.release();
+        m_ownsLogger = true;
     }
 }
 

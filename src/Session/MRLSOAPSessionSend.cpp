@@ -92,6 +92,7 @@ void MRLSOAPSession::sendAttachments(TavelTKMessageWriter& writer,
                                      const MRLAttachmentList& attachments) const {
     for (const auto& [contentId, document] : attachments) {
         HBL_ASSERT(document);
+        const char* const headers = document->getCompressed() != 0 ? "Content-Encoding:gzip" : "";
         PLQOutputStream* stream = nullptr;
         const auto giveBack = [&, &open = stream] {
             if (open != nullptr) {
@@ -102,7 +103,6 @@ void MRLSOAPSession::sendAttachments(TavelTKMessageWriter& writer,
             }
         };
         try {
-            const char* const headers = document->getCompressed() != 0 ? "Content-Encoding:gzip" : "";
             stream = &writer.openAttachment(document->getMimeType(), document->getEncoding(), headers,
                                             contentId, 1);
             *document >> *stream;
