@@ -1,3 +1,5 @@
+#include "support/Threads.h"
+
 #include "HBLCore/HBLReferenceCount.h"
 #include "HBLCore/HBLResetableResource.h"
 #include "HBLCore/HBLResetableResourceRegistry.h"
@@ -65,17 +67,12 @@ TYPED_TEST(References, AreHeldBySmartPointers) {
 
 TEST(References, AreCountedAcrossThreads) {
     std::atomic<int> ended = 0;
-    HBLSmartPointer<Counted<HBLReferenceCount>> shared(new Counted<HBLReferenceCount>(ended));
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
-        threads.emplace_back([held = shared] {
-            for (int n = 0; n < 10000; ++n)
-                const auto copy = held;
-        });
-    shared = nullptr;
-    for (auto& thread : threads)
-        thread.join();
-    threads.clear();
+    std::vector held(4, HBLSmartPointer(new Counted<HBLReferenceCount>(ended)));
+    mrl::test::inThreads(4, [&](std::size_t number) {
+        for (int n = 0; n < 10000; ++n)
+            const auto copy = held[number];
+        held[number] = nullptr;
+    });
     EXPECT_EQ(ended, 1);
 }
 

@@ -6,10 +6,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
-#include <functional>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -64,81 +63,72 @@ public:
     const char* getThrowableName() const override { return "Failure"; }
 };
 
-struct Step {
-    const char* name;
-    std::function<void()> run;
-};
-
-class WithoutMemory : public testing::TestWithParam<Step> {};
-
-TEST_P(WithoutMemory, EndsInAThrowableWhicheverAllocationFails) {
-    GetParam().run(); // what is made once, on first use
-    bool failed = true;
-    for (int allowed = 0; failed && allowed < 1000; ++allowed) {
-        failed = false;
-        std::string unexpected;
-        try {
-            t_allocationsLeft = allowed;
-            GetParam().run();
-            t_allocationsLeft = -1;
-        } catch (HBLOutOfMemoryError& e) {
-            t_allocationsLeft = -1;
-            failed = true;
-            EXPECT_STREQ(e.getMessage(), "out of memory");
-        } catch (std::exception& e) {
-            t_allocationsLeft = -1;
-            unexpected = e.what();
-        }
-        EXPECT_EQ(unexpected, "") << "with " << allowed << " allocations";
+void failAssertion() {
+    try {
+        hblRethrowing(kLong, [] { hblAssertFailed(kLong, HBL_HERE, kLong); });
+    } catch (HBLAssertError& e) {
+        HBLAssertError copy = e;
+        copy.addBackTrace(HBL_HERE, kLong, kLong);
     }
-    EXPECT_FALSE(failed) << "never enough memory";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Steps, WithoutMemory,
-    testing::Values(Step{"a failed assertion",
-                         [] {
-                             try {
-                                 hblRethrowing(kLong, [] { hblAssertFailed(kLong, HBL_HERE, kLong); });
-                             } catch (HBLAssertError& e) {
-                                 HBLAssertError copy = e;
-                                 copy.addBackTrace(HBL_HERE, kLong, kLong);
-                             }
-                         }},
-                    Step{"an exception with messages",
-                         [] {
-                             hblRethrowing(nullptr, [] {
-                                 try {
-                                     Failure failure;
-                                     HBLMessage message("Test", 1);
-                                     message << kLong << 7;
-                                     failure.addMessage(message);
-                                     failure.addMessage(HBLMessageString(kLong));
-                                     HBL_THROW(failure, kLong);
-                                 } catch (Failure& e) {
-                                     delete e.clone();
-                                 }
-                             });
-                         }},
-                    Step{"a growing buffer",
-                         [] {
-                             HBLByteBuffer buffer;
-                             buffer << kLong << kLong;
-                             HBLByteBuffer copy(buffer);
-                             copy.setLength(5000);
-                         }},
-                    Step{"a conversion",
-                         [] {
-                             hblRethrowing(nullptr, [] {
-                                 const I18NString text(kLong);
-                                 text.c_str();
-                                 delete[] I18NConverter("ISO-8859-1").fromUnicodeNew(text.view());
-                             });
-                         }}),
-    [](const auto& row) {
-        std::string name = row.param.name;
-        std::replace(name.begin(), name.end(), ' ', '_');
-        return name;
+void throwMessages() {
+    hblRethrowing(nullptr, [] {
+        try {
+            Failure failure;
+            HBLMessage message("Test", 1);
+            message << kLong << 7;
+            failure.addMessage(message);
+            failure.addMessage(HBLMessageString(kLong));
+            HBL_THROW(failure, kLong);
+        } catch (Failure& e) {
+            delete e.clone();
+        }
     });
+}
+
+void growBuffer() {
+    HBLByteBuffer buffer;
+    buffer << kLong << kLong;
+    HBLByteBuffer copy(buffer);
+    copy.setLength(5000);
+}
+
+void convert() {
+    hblRethrowing(nullptr, [] {
+        const I18NString text(kLong);
+        text.c_str();
+        delete[] I18NConverter("ISO-8859-1").fromUnicodeNew(text.view());
+    });
+}
+
+TEST(WithoutMemory, EveryStepEndsInAThrowableWhicheverAllocationFails) {
+    for (const auto& [name, step] : {std::pair{"a failed assertion", failAssertion},
+                                     {"an exception with messages", throwMessages},
+                                     {"a growing buffer", growBuffer},
+                                     {"a conversion", convert}}) {
+        SCOPED_TRACE(name);
+        step(); // what is made once, on first use
+        bool failed = true;
+        for (int allowed = 0; failed && allowed < 1000; ++allowed) {
+            failed = false;
+            std::string unexpected;
+            try {
+                t_allocationsLeft = allowed;
+                step();
+                t_allocationsLeft = -1;
+            } catch (HBLOutOfMemoryError& e) {
+                t_allocationsLeft = -1;
+                failed = true;
+                EXPECT_STREQ(e.getMessage(), "out of memory");
+            } catch (std::exception& e) {
+                t_allocationsLeft = -1;
+                unexpected = e.what();
+            }
+            EXPECT_EQ(unexpected, "") << "with " << allowed << " allocations";
+        }
+        EXPECT_FALSE(failed) << "never enough memory";
+    }
+}
 
 } // namespace

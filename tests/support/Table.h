@@ -7,13 +7,17 @@
 
 namespace mrl::test {
 
-/// A cell with each \xHH as the byte it stands for.
+/// A cell with each \xHH as the byte it stands for, \r and \n as the ends of lines.
 inline std::string withBytes(const std::string& cell) {
     std::string text;
     for (std::size_t i = 0; i < cell.size(); ++i) {
-        const bool isByte = cell.compare(i, 2, "\\x") == 0;
-        text += isByte ? static_cast<char>(std::stoi(cell.substr(i + 2, 2), nullptr, 16)) : cell[i];
-        i += isByte ? 3 : 0;
+        const char next = cell[i] == '\\' && i + 1 < cell.size() ? cell[i + 1] : '\0';
+        const bool isByte = next == 'x';
+        const bool isEnd = next == 'r' || next == 'n';
+        text += isByte  ? static_cast<char>(std::stoi(cell.substr(i + 2, 2), nullptr, 16))
+                : isEnd ? (next == 'r' ? '\r' : '\n')
+                        : cell[i];
+        i += isByte ? 3 : isEnd ? 1 : 0;
     }
     return text;
 }
