@@ -103,10 +103,11 @@ void convert() {
 }
 
 TEST(WithoutMemory, EveryStepEndsInAThrowableWhicheverAllocationFails) {
-    for (const auto& [name, step] : {std::pair{"a failed assertion", failAssertion},
-                                     {"an exception with messages", throwMessages},
-                                     {"a growing buffer", growBuffer},
-                                     {"a conversion", convert}}) {
+    const std::pair<const char*, void (*)()> steps[] = {{"a failed assertion", failAssertion},
+                                                        {"an exception with messages", throwMessages},
+                                                        {"a growing buffer", growBuffer},
+                                                        {"a conversion", convert}};
+    for (const auto& [name, step] : steps) {
         SCOPED_TRACE(name);
         step(); // what is made once, on first use
         bool failed = true;
