@@ -175,6 +175,20 @@ TEST_F(BusFixture, RefusesBodiesBeyondTheLimitWithAndWithoutALength) {
     }
 }
 
+TEST_F(BusFixture, AnswersAtOnceWhoDoesNotTellHowMuchComes) {
+    for (const std::string method : {"POST", "PUT"}) {
+        Poco::Net::StreamSocket socket(Poco::Net::SocketAddress("127.0.0.1", port()));
+        socket.setReceiveTimeout(Poco::Timespan(5, 0));
+        const std::string request = method + " / HTTP/1.1\r\nContent-Type: text/xml\r\n\r\n";
+        socket.sendBytes(request.data(), static_cast<int>(request.size()));
+        std::string answer;
+        char piece[512];
+        while (const int count = socket.receiveBytes(piece, sizeof piece)) // up to the bus's closing
+            answer.append(piece, static_cast<std::size_t>(count));
+        EXPECT_THAT(answer, StartsWith(method == "POST" ? "HTTP/1.1 411 " : "HTTP/1.1 405 "));
+    }
+}
+
 TEST_F(BusFixture, OutlivesClientsThatSpeakNoHttp) {
     for (const std::string& bytes :
          {std::string("\x16\x03\x01\x02 hello"), std::string("POST / HTTP/1.1\r\n\r\n"),

@@ -39,6 +39,11 @@ void answerText(HTTPServerResponse& response, HTTPResponse::HTTPStatus status, c
     response.sendBuffer(text.data(), text.size());
 }
 
+/// Without a length a body ends with the connection only, and it would be waited for in vain.
+bool tellsItsLength(const HTTPServerRequest& request) {
+    return request.hasContentLength() || request.getChunkedTransferEncoding();
+}
+
 bool isReadable(const HTTPServerRequest& request) {
     if (!HttpMessage::reads(request.getContentType()))
         return false;
@@ -67,17 +72,25 @@ void RequestHandler::handleRequest(HTTPServerRequest& request, HTTPServerRespons
 
 void RequestHandler::handle(HTTPServerRequest& request, HTTPServerResponse& response) {
     const bool post = request.getMethod() == HTTPRequest::HTTP_POST;
+    const bool sized = tellsItsLength(request);
+    if (post && !sized) {
+        response.setKeepAlive(false);
+        answerText(response, HTTPResponse::HTTP_LENGTH_REQUIRED,
+                   "A POST needs a Content-Length, or Transfer-Encoding: chunked.\n");
+        return;
+    }
     if (post && isReadable(request) &&
         (!request.hasContentLength() ||
          static_cast<std::uint64_t>(request.getContentLength64()) <= m_settings.maxBodyBytes)) {
         answerSoap(request, response);
         return;
     }
+    const bool get = request.getMethod() == HTTPRequest::HTTP_GET;
     HttpInputStream body(request.stream(), drainBytes,
                          std::chrono::steady_clock::now() + m_settings.idleTimeout);
-    if (!body.drain(drainBytes))
+    if (sized ? !body.drain(drainBytes) : !get)
         response.setKeepAlive(false);
-    if (!post && request.getMethod() == HTTPRequest::HTTP_GET && request.getURI() == "/") {
+    if (get && request.getURI() == "/") {
         answerText(response, HTTPResponse::HTTP_OK, page);
     } else if (!post) {
         response.set("Allow", request.getURI() == "/" ? "GET, POST" : "POST");
@@ -86,8 +99,7 @@ void RequestHandler::handle(HTTPServerRequest& request, HTTPServerResponse& resp
     } else if (!isReadable(request)) {
         answerText(response, HTTPResponse::HTTP_UNSUPPORTED_MEDIA_TYPE,
                    "mrl-bus reads SOAP 1.1 envelopes of the content type text/xml, and multipart/related "
-                   "with such a "
-                   "part first; neither compressed as a whole.\n");
+                   "with such a part first; neither compressed as a whole.\n");
     } else {
         answerText(response, HTTPResponse::HTTP_REQUEST_ENTITY_TOO_LARGE,
                    "The request has more than " + std::to_string(m_settings.maxBodyBytes) + " bytes.\n");
