@@ -77,7 +77,15 @@ std::vector<HBLConfigurationFinding> MRLBusSettings::check(const HBLConfiguratio
     }
     // The toolkit itself knows best what it takes.
     const std::unique_ptr<TavelTK> toolkit(TavelTK::getSessionFactory());
-    for (const HBLConfigurationEntry& entry : property.entries) {
+    for (auto at = property.entries.begin(); at != property.entries.end(); ++at) {
+        const HBLConfigurationEntry& entry = *at;
+        const auto first = std::ranges::find(property.entries, entry.path, &HBLConfigurationEntry::path);
+        if (first != at) {
+            findings.push_back({Finding::eWrong, entry.place,
+                                "expected each setting of \"bus\" once, found \"" + entry.path +
+                                    "\" again, first at line " + std::to_string(first->place.line)});
+            continue;
+        }
         if (std::ranges::find(NAMES, entry.path) == NAMES.end()) {
             findings.push_back({Finding::eWrong, entry.place,
                                 "the toolkit does not know the setting \"" + entry.path + "\" of \"bus\""});

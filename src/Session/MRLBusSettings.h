@@ -20,8 +20,8 @@ public:
     /// itself.
     static std::span<const std::string_view> names();
 
-    /// What is wrong with a property "bus": unknown settings, and values out of their range. Passwords are
-    /// not repeated.
+    /// What is wrong with a property "bus": unknown settings, those given twice, and values out of their
+    /// range. Passwords are not repeated.
     static std::vector<HBLConfigurationFinding> check(const HBLConfigurationProperty& property);
 
     /// What is configured now. Kept until a configuration is loaded or configured anew, and then read again.

@@ -75,6 +75,9 @@ TEST_F(BusSettings, ThatAreWrongAreNamedWithTheirPlaceByEveryCall) {
           Row{ConfigurationFile::parameter("proxy-password", "se\tcret"), ":2:", "cannot be '***'"},
           Row{ConfigurationFile::parameter("chunk-size", "1"),
               ":2:", "does not know the setting \"chunk-size\""},
+          Row{ConfigurationFile::parameter("user", "anna") + "\n" +
+                  ConfigurationFile::parameter("user", "eva"),
+              ":3:", "found \"user\" again, first at line 2"},
           Row{"proxy.example:3128", ":2:", "found a text"}}) {
         const ConfigurationFile file(bus(row.settings));
         session.setURI("http://127.0.0.1:1/");
