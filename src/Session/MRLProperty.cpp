@@ -1,5 +1,7 @@
 #include "Session/MRLProperty.h"
 
+#include "Session/MRLPropertyFile.h"
+
 #include "HBLCore/HBLFailure.h"
 #include "HBLCore/HBLFmDir.h"
 #include "HBLCore/HBLThreadGuard.h"
@@ -18,10 +20,6 @@ HBLThreadCriticalSection MRLProperty::s_lock;
 namespace {
 
 constexpr const char* SOURCE = "../Session/MRLProperty";
-
-/// Far more than anybody tunes, far less than what a file left there by mistake may cost.
-constexpr HBLIDOM_ParserLimits LIMITS{
-    .elementDepth = 64, .attributesOfElement = 64, .totalNodes = 200'000, .totalBytes = 4ULL * 1024 * 1024};
 
 } // namespace
 
@@ -59,7 +57,7 @@ void MRLProperty::setConfigFile(std::string path) {
 }
 
 std::string& MRLProperty::configFile() {
-    static std::string path = "../configuration/renqproperties.xml";
+    static std::string path = MRLPropertyFile::s_location;
     return path;
 }
 
@@ -70,7 +68,7 @@ void MRLProperty::load() {
         return;
     }
     HBLIDOM_Parser parser;
-    parser.setLimits(LIMITS);
+    parser.setLimits(MRLPropertyFile::s_limits);
     HBLIDOM_Document document = HBLIDOM_DOMImplementation::getInstance().createDocument();
     if (parser.parse(path.c_str(), document) == 0) {
         return;

@@ -41,7 +41,7 @@ def test_both_envelopes_are_shown(peer):
 
 
 @pytest.mark.parametrize("arguments", [("-d", '{"object": []}'), ("-d", "@/no/such/file"), ("--header", '{"ZORR": {}}'),
-                                       ("--request", "copy_1_Request"), ("-d", "{")])
+                                       ("--request", "copy_1_Request"), ("-d", "{"), ("--save", "/dev/null")])
 def test_what_is_wrong_before_anything_is_sent_has_the_code_1(peer, arguments):
     peer.request = None
     result = call(peer.url, *arguments)

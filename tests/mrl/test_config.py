@@ -34,6 +34,21 @@ def test_the_file_that_is_shipped_has_no_findings_and_may_be_named():
     assert config("check", SHIPPED).stdout == f"{SHIPPED}: 3 properties, 0 errors, 0 warnings\n"
 
 
+def test_without_a_name_all_that_would_be_loaded_is_checked(tmp_path):
+    folder = tmp_path / "configuration"
+    (folder / "keystore").mkdir(parents=True)
+    (folder / "keystore" / "mrl.keys").write_text("")
+    (folder / "keystore" / "mrl.keys").chmod(0o644)
+    (folder / "renqproperties.xml").write_text("<properties>\n<entry></properties>")
+    (folder / "mrllogging.json").write_text("{")
+    result = config("check", MRL_HOME=str(tmp_path), MRL_KEY_STORE="")
+    assert result.returncode == 1
+    for place, told in (("keystore/mrl.keys: error: ", "chmod 600"), ("renqproperties.xml:2:", "every default holds"),
+                        ("mrllogging.json, line 1", "")):
+        assert any(f"{folder}/{place}" in line and told in line for line in result.stdout.splitlines()), result.stdout
+    assert config("check", folder / "renqproperties.xml").returncode == 1
+
+
 def test_a_logging_configuration_is_told_by_its_ending(tmp_path):
     assert config("check", SHIPPED.parent / "mrllogging.json").returncode == 0
     file = tmp_path / "logging.json"

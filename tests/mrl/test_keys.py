@@ -20,6 +20,17 @@ def test_a_store_is_made_listed_and_rotated_without_showing_a_key(tmp_path):
     assert again.returncode == 1 and "is there already" in again.stderr
 
 
+def test_a_broken_store_is_told_by_whoever_needs_it(tmp_path):
+    keys(tmp_path, "init")
+    with (tmp_path / "store" / "mrl.keys").open("a") as store:
+        store.write("x\n")
+    told = f"the key store {store.name} is damaged: line 4: expected nothing behind the sum; restore it from a backup"
+    call = ("call", "contentManagerService", "delete", "--trusted", "yes", "--url", "http://127.0.0.1:1/")
+    for arguments in (("keys", "list"), ("keys", "rotate"), call):
+        result = mrl(*arguments, variables={"MRL_KEY_STORE": store.name})
+        assert (result.returncode, told in result.stderr) == (1, True), result
+
+
 def test_a_missing_store_is_told_with_the_remedy(tmp_path):
     for action in ("list", "rotate"):
         result = keys(tmp_path, action)

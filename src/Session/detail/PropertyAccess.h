@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Session/MRLProperty.h"
+#include "Session/MRLPropertyFile.h"
 
 #include <string>
 
@@ -10,7 +11,7 @@ namespace mrl::detail {
 struct PropertyAccess {
     /// The next MRLProperty::getInstance() reads `path`; relative means as in MRLProperty.
     static void setConfigFile(const std::string& path) { MRLProperty::setConfigFile(path); }
-    static constexpr const char* defaultConfigFile = "../configuration/renqproperties.xml";
+    static constexpr const char* defaultConfigFile = MRLPropertyFile::s_location;
 
     /// Sets a property of the store that the process uses, which is read first if it is not there.
     static void setValue(const char* name, const I18NString& value, int isNumber) {

@@ -23,10 +23,14 @@
 
 #include <algorithm>
 #include <csignal>
+#include <filesystem>
 #include <iostream>
 #include <memory>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 #include <unistd.h>
+#include <vector>
 
 namespace mrl::tool {
 
@@ -122,16 +126,32 @@ int tell(const HBLThrowable& e, int exitCode) {
     return exitCode;
 }
 
-/// What can be done about a failure that the library knows only as a condition that did not hold.
-void tellRemedy(std::string_view condition) {
+/// Why the crypto library refused: only the back trace tells.
+std::string refusalIn(const HBLThrowable& e) {
+    constexpr std::string_view before = " - ";
+    const std::vector<std::string>& entries = e.getBackTrace();
+    if (entries.empty())
+        return {};
+    const std::size_t begin = entries.front().find(before);
+    const std::size_t end = entries.front().rfind(" [");
+    return begin == std::string::npos || end == std::string::npos || end < begin
+               ? std::string()
+               : entries.front().substr(begin + before.size(), end - begin - before.size());
+}
+
+/// What happened, in plain words also where the library knows only a condition that did not hold.
+int tellCondition(const HBLThrowable& e) {
+    const std::string_view condition = e.getMessage();
     if (condition.find("not found in configuration") != condition.npos)
         std::cerr
             << "mrl: there is no --url, and the configuration has no address for this service: give one, "
                "or set it there (`mrl config show` names the file)\n";
-    else if (condition.find("ZOR_SUCCEEDED") != condition.npos)
-        std::cerr
-            << "mrl: the request could not be encrypted: `mrl keys list` tells whether the key store can "
-               "be used\n";
+    else if (const std::string refusal = refusalIn(e);
+             condition.find("ZOR_SUCCEEDED") != condition.npos && !refusal.empty())
+        std::cerr << "mrl: the request could not be encrypted: " << refusal << '\n';
+    else
+        std::cerr << "mrl: " << condition << '\n';
+    return e_No;
 }
 
 void submit(MRLPortTypeBinding& binding, const MRLAttachmentList& attachments, const CallSettings& settings) {
@@ -145,12 +165,29 @@ void submit(MRLPortTypeBinding& binding, const MRLAttachmentList& attachments, c
     alarm(0);
 }
 
-void printReply(MRLMessageI& reply, const CallSettings& settings) {
-    StreamsInline inlined;
-    StreamFiles files(settings.saveDirectory);
-    JsonOutput output(settings.saveDirectory.empty() ? static_cast<StreamKeeper&>(inlined) : files);
-    std::cout << output.parameters(reply).dump(indentation, ' ', false, Json::error_handler_t::replace)
-              << '\n';
+std::unique_ptr<StreamKeeper> keeperFor(const CallSettings& settings) {
+    if (settings.saveDirectory.empty())
+        return std::make_unique<StreamsInline>();
+    try {
+        return std::make_unique<StreamFiles>(settings.saveDirectory);
+    } catch (const std::runtime_error& e) {
+        throw std::runtime_error(std::string("nothing was sent: ") + e.what() + "; --save needs another");
+    }
+}
+
+/// @return the exit code. What was asked for is done by now, whoever gets the answer.
+int printReply(MRLMessageI& reply, StreamKeeper& keeper) {
+    try {
+        std::cout << JsonOutput(keeper).parameters(reply).dump(indentation, ' ', false,
+                                                               Json::error_handler_t::replace)
+                  << '\n';
+    } catch (const HBLThrowable& e) {
+        return tell(e, badReplyExit);
+    } catch (const std::filesystem::filesystem_error& e) {
+        std::cerr << "mrl: " << e.what() << '\n';
+        return badReplyExit;
+    }
+    return std::cout.flush() ? int{e_Ok} : badReplyExit;
 }
 
 } // namespace
@@ -159,6 +196,7 @@ int call(const BuiltRequest& request, const CallSettings& settings) {
     const Toolkit toolkit;
     MRLPortTypeBinding& binding = *request.binding;
     setHeader(binding.getInputMessage(), settings);
+    const std::unique_ptr<StreamKeeper> keeper = keeperFor(settings); // first: what it refuses is not sent
     const AttachedFiles attachments(settings.attachments, request.contentIds, settings.compress);
     if (settings.verbose)
         printEnvelope("request, in clear:", binding, binding.getInputMessage());
@@ -173,15 +211,11 @@ int call(const BuiltRequest& request, const CallSettings& settings) {
     } catch (const TavelTKException& e) {
         return tell(e, isBadReply(e) ? badReplyExit : transportExit);
     } catch (const HBLThrowable& e) {
-        const int exitCode = tell(e, cameWithTheReply(e) ? badReplyExit : int{e_No});
-        tellRemedy(e.getMessage());
-        return exitCode;
+        return cameWithTheReply(e) ? tell(e, badReplyExit) : tellCondition(e);
     }
     if (settings.verbose)
         printEnvelope("reply, as it was understood:", binding, binding.getOutputMessage());
-    printReply(binding.getOutputMessage(), settings);
-    return std::cout.flush() ? int{e_Ok}
-                             : badReplyExit; // what was asked for is done, and nobody has the answer
+    return printReply(binding.getOutputMessage(), *keeper);
 }
 
 } // namespace mrl::tool

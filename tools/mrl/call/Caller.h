@@ -31,7 +31,8 @@ struct CallSettings {
 
 /// Sends the request and prints the reply as JSON; what goes wrong is told on standard error.
 /// @return the exit code.
-/// @throws JsonError for a header that cannot be built, and attachments that do not match the request.
+/// @throws JsonError for a header that cannot be built, and attachments that do not match the request;
+/// std::runtime_error for a directory that takes no files. Nothing was sent then.
 int call(const BuiltRequest& request, const CallSettings& settings);
 
 } // namespace mrl::tool

@@ -7,7 +7,11 @@
 #include "PLQStreams/PLQMemoryOutputStream.h"
 
 #include <cctype>
+#include <cerrno>
+#include <fstream>
+#include <stdexcept>
 #include <string_view>
+#include <system_error>
 
 namespace mrl::tool {
 
@@ -66,8 +70,20 @@ Json StreamsInline::keep(const MRL_Streamable& stream, const std::string& /*path
     return HBLBase64Encoded(bytes);
 }
 
+StreamFiles::StreamFiles(std::filesystem::path directory)
+    : m_directory(std::move(directory)) {
+    const std::filesystem::path trial = m_directory / ".mrl-call.part";
+    std::error_code failure;
+    std::filesystem::create_directories(m_directory, failure);
+    if (!failure && !std::ofstream(trial, std::ios::app))
+        failure.assign(errno, std::generic_category());
+    if (failure)
+        throw std::runtime_error("the directory '" + m_directory.string() +
+                                 "' takes no files: " + failure.message());
+    std::filesystem::remove(trial, failure);
+}
+
 Json StreamFiles::keep(const MRL_Streamable& stream, const std::string& path, bool isText) {
-    std::filesystem::create_directories(m_directory);
     const std::filesystem::path part = m_directory / (fileName(path) + ".part");
     PLQFileOutputStream file(part.string());
     HeadKeeper head(file);

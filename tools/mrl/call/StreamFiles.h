@@ -17,8 +17,9 @@ public:
 /// that exists is written over.
 class StreamFiles : public StreamKeeper {
 public:
-    explicit StreamFiles(std::filesystem::path directory)
-        : m_directory(std::move(directory)) {}
+    /// Makes the directory, and tries whether it takes a file.
+    /// @throws std::runtime_error with the directory and the system's reason when it does not.
+    explicit StreamFiles(std::filesystem::path directory);
 
     /// @throws PLQStreamError, std::filesystem::filesystem_error
     Json keep(const MRL_Streamable& stream, const std::string& path, bool isText) override;

@@ -1,8 +1,12 @@
+#include "Session/MRLPropertyFile.h"
 #include "commands/Command.h"
 #include "config/ConfigCheck.h"
 #include "config/ConfigFile.h"
 #include "config/ConfigShow.h"
+#include "config/KeyStoreCheck.h"
+#include "config/PropertyFileCheck.h"
 
+#include "HBLCore/HBLFmDir.h"
 #include "logipf2/LogConfigurationError.h"
 #include "logipf2/LogIPFControl.h"
 
@@ -33,6 +37,18 @@ int noFile(const ConfigFile& file) {
     return e_Ok;
 }
 
+/// Prints the findings of a file, and the line that counts them.
+int report(const std::string& path, std::size_t properties, const std::vector<Finding>& findings,
+           bool isStrict) {
+    printFindings(findings, std::cout);
+    const auto errors =
+        static_cast<std::size_t>(std::ranges::count(findings, Finding::eWrong, &Finding::weight));
+    std::cout << path << ": " << counted(properties, "property", "properties") << ", "
+              << counted(errors, "error", "errors") << ", "
+              << counted(findings.size() - errors, "warning", "warnings") << '\n';
+    return errors != 0 || (isStrict && !findings.empty()) ? e_No : e_Ok;
+}
+
 /// A logging configuration: the first mistake ends its reading, so there is one finding at most.
 int checkLogging(const std::string& path) {
     try {
@@ -45,23 +61,52 @@ int checkLogging(const std::string& path) {
     return e_Ok;
 }
 
+int checkProperties(const std::string& path, bool isStrict) {
+    const PropertyFile file = examinedProperties(path);
+    return report(path, file.count, file.findings, isStrict);
+}
+
+int checkConfiguration(const ConfigFile& file, bool isStrict) {
+    if (!file.isThere) {
+        const auto findings = examinedKeyStore(nullptr);
+        printFindings(findings, std::cout);
+        noFile(file);
+        return findings.empty() ? e_Ok : e_No;
+    }
+    const auto document = HBLConfigurationDocument::read(file.path);
+    auto findings = examined(document);
+    for (Finding& finding : examinedKeyStore(&document)) {
+        findings.push_back(std::move(finding));
+    }
+    return report(file.path, document.getProperties().size(), findings, isStrict);
+}
+
+/// All that the toolkit would load. Only the configuration is spoken of when it is missing.
+int checkEverything(bool isStrict) {
+    int code = checkConfiguration(configFile(""), isStrict);
+    std::string properties = MRLPropertyFile::s_location;
+    HBLFmDir::resolveEffectivePath(properties);
+    if (HBLFmDir::exists(properties.c_str(), 0) != 0) {
+        code = std::max(code, checkProperties(properties, isStrict));
+    }
+    if (const auto logging = LogIPFControl::getLocation();
+        logging.isFromEnvironment || HBLFmDir::exists(logging.path.c_str(), 0) != 0) {
+        code = std::max(code, checkLogging(logging.path));
+    }
+    return code;
+}
+
 int check(const ConfigOptions& options) {
+    if (options.file.empty()) {
+        return checkEverything(options.isStrict);
+    }
     if (options.file.ends_with(".json")) {
         return checkLogging(options.file);
     }
-    const ConfigFile file = configFile(options.file);
-    if (!file.isThere) {
-        return noFile(file);
-    }
-    const auto document = HBLConfigurationDocument::read(file.path);
-    const auto findings = examined(document);
-    printFindings(findings, std::cout);
-    const auto errors =
-        static_cast<std::size_t>(std::ranges::count(findings, Finding::eWrong, &Finding::weight));
-    std::cout << file.path << ": " << counted(document.getProperties().size(), "property", "properties")
-              << ", " << counted(errors, "error", "errors") << ", "
-              << counted(findings.size() - errors, "warning", "warnings") << '\n';
-    return errors != 0 || (options.isStrict && !findings.empty()) ? e_No : e_Ok;
+    const auto propertyFile = std::filesystem::path(MRLPropertyFile::s_location).filename();
+    return std::filesystem::path(options.file).filename() == propertyFile
+               ? checkProperties(options.file, options.isStrict)
+               : checkConfiguration(configFile(options.file), options.isStrict);
 }
 
 int show(const ConfigOptions& options) {
@@ -90,9 +135,13 @@ Command addConfigCommand(CLI::App& app) {
     CLI::App* const checking =
         options->add_subcommand("check", "Finds mistakes: one line each, with its place and the remedy");
     checking->add_option("FILE", given->file,
-                         "A configuration file; one that ends in .json is a logging configuration");
+                         "A configuration file; a logging configuration when its name ends in .json; a file "
+                         "of properties when it is named renqproperties.xml");
     checking->add_flag("--strict", given->isStrict, "Warnings count as errors");
-    checking->footer("Exit codes: 0 usable, 1 there are errors (with --strict: or warnings), 2 wrong usage.");
+    checking->footer(
+        "Without FILE it is all that the toolkit would load: the configuration, and, where they are there, "
+        "the key store, the properties and the logging configuration. With the configuration its key store "
+        "is checked.\nExit codes: 0 usable, 1 there are errors (with --strict: or warnings), 2 wrong usage.");
     given->show = options->add_subcommand("show", "What holds and where it comes from; secrets are masked");
     given->show->add_option("FILE", given->file, "A configuration file");
     return {options, [given]() -> int { return given->show->parsed() ? show(*given) : check(*given); }};

@@ -3,6 +3,7 @@
 #include "Session/MRLAdvancedSetting.h"
 #include "Session/MRLBusSettings.h"
 #include "config/Secrets.h"
+#include "config/Wording.h"
 #include "lookup/Nearest.h"
 
 #include "HBLCFGAPI/HBLConfigurationNames.h"
@@ -24,20 +25,6 @@ using Finding = HBLConfigurationFinding;
 using Findings = std::vector<Finding>;
 using Names = std::vector<std::string_view>;
 
-std::string quoted(std::string_view text) {
-    return "\"" + std::string(text) + "\"";
-}
-
-/// "; did you mean a, b?", or nothing.
-std::string proposal(std::string_view wanted, const Names& names) {
-    constexpr std::size_t MOST = 2;
-    std::string text;
-    for (const std::string_view near : nearest(wanted, names, MOST)) {
-        text += (text.empty() ? "; did you mean " : " or ") + std::string(near);
-    }
-    return text.empty() ? text : text + "?";
-}
-
 bool isSame(std::string_view a, std::string_view b) {
     return a.size() == b.size() && editDistance(a, b) == 0; // another case costs nothing
 }
@@ -48,14 +35,6 @@ bool isEncoding(const std::string& name) {
     } catch (const HBLThrowable&) {
         return false;
     }
-}
-
-bool isNumber(const std::string& text, bool withFraction) {
-    const std::size_t sign = text.starts_with('-') || text.starts_with('+') ? 1 : 0;
-    const auto isPart = [&](char c) { return (c >= '0' && c <= '9') || (withFraction && c == '.'); };
-    return text.size() > sign &&
-           std::all_of(text.begin() + static_cast<std::ptrdiff_t>(sign), text.end(), isPart) &&
-           std::ranges::count(text, '.') <= 1;
 }
 
 Names split(std::string_view values) {

@@ -3,8 +3,10 @@
 #include "config/Secrets.h"
 
 #include "HBLCFGAPI/HBLConfigurationNames.h"
+#include "ZORCrypto/ZORKeyStore.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -13,6 +15,12 @@ namespace mrl::tool {
 namespace {
 
 constexpr std::size_t PLACE_COLUMN = 56;
+
+/// What goes before the property "keyStore", or null.
+const char* namedKeyStore() {
+    const char* const named = std::getenv(ZORKeyStore::s_locationVariable);
+    return named == nullptr || *named == '\0' ? nullptr : named;
+}
 
 void printLine(const std::string& text, const std::string& place, std::ostream& out) {
     out << text << std::string(text.size() < PLACE_COLUMN ? PLACE_COLUMN - text.size() : 1, ' ') << "# "
@@ -42,7 +50,10 @@ void printConfiguration(const HBLConfigurationDocument* document, std::ostream& 
     const auto& given = document == nullptr ? NONE : document->getProperties();
     for (const HBLConfigurationName& known : HBLConfigurationNames::all()) {
         const auto found = std::ranges::find(given, known.name, &HBLConfigurationProperty::name);
-        if (found != given.end()) {
+        const char* const keyStore = known.name == "keyStore" ? namedKeyStore() : nullptr;
+        if (keyStore != nullptr) {
+            printLine("keyStore = " + shown("", keyStore), ZORKeyStore::s_locationVariable, out);
+        } else if (found != given.end()) {
             printProperty(*found, out);
         } else if (known.defaultValue.empty()) {
             printLine(std::string(known.name), "not set", out);
