@@ -74,7 +74,7 @@ TEST(Request, InChunksHasChunksOfTheGivenSizeHoweverItIsWritten) {
 TEST(Request, WithAttachmentsIsMultipartInBothFramingsAnnouncedOrNot) {
     const std::string body =
         s_rootPart + "<e/>" +
-        "\r\n--mrl-token\r\nContent-Type: text/csv; charset=UTF-8\r\n"
+        "\r\n--mrl-token\r\nContent-Type: text/csv; header=\"present\"; charset=UTF-8\r\n"
         "Content-Encoding:gzip\r\nContent-Transfer-Encoding: binary\r\nContent-ID: <one>\r\n\r\n"
         "\x1f\x8b" +
         "\r\n--mrl-token\r\nContent-Type: application/octet-stream\r\n"
@@ -90,7 +90,8 @@ TEST(Request, WithAttachmentsIsMultipartInBothFramingsAnnouncedOrNot) {
             PLQOutputStream& out = writer.openEnvelope("urn:action");
             out.write("<e/>", 4);
             writer.closeEnvelope(out);
-            attach(writer, "text/csv", "UTF-8", "Content-Encoding:gzip", "one", "\x1f\x8b");
+            attach(writer, "text/csv; header=\"present\"", "UTF-8", "Content-Encoding:gzip", "one",
+                   "\x1f\x8b");
             attach(writer, nullptr, "base64", "", "<two>", "");
             exchange->closeRequest(writer);
             EXPECT_EQ(peer.request(0),

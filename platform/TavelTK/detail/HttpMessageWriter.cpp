@@ -38,12 +38,13 @@ bool HttpMessageWriter::isBrokenOff() const {
     return std::uncaught_exceptions() > m_uncaughtAtStart || std::current_exception() != m_handledAtStart;
 }
 
-std::string_view HttpMessageWriter::clean(const char* text, std::string_view what) const {
+std::string_view HttpMessageWriter::clean(const char* text, std::string_view what, bool mayQuote) const {
     const std::string_view value = text ? text : "";
-    if (std::ranges::any_of(value, [](unsigned char c) { return c < ' ' || c > '~' || c == '"'; }))
+    const auto isBad = [mayQuote](unsigned char c) { return c < ' ' || c > '~' || (c == '"' && !mayQuote); };
+    if (std::ranges::any_of(value, isBad))
         fail(TavelTKError::badArgument, TavelTKPhase::prepare, m_wire.peer(),
              "the " + std::string(what) + " '" + printable(value) +
-                 "' contains other characters than printable ASCII without quotes");
+                 "' contains other characters than printable ASCII" + (mayQuote ? "" : " without quotes"));
     return value;
 }
 
@@ -90,7 +91,7 @@ PLQOutputStream& HttpMessageWriter::openAttachment(const char* contentType, cons
                                                    const char* headers, const char* contentId, int) {
     HBL_ASSERT_NAMED(m_state == State::betweenParts, "An attachment follows the envelope or an attachment.");
     return hblRethrowing("TavelTKMessageWriter::openAttachment", [&]() -> PLQOutputStream& {
-        std::string type(clean(contentType, "content type"));
+        std::string type(clean(contentType, "content type", true));
         if (type.empty())
             type = "application/octet-stream";
         const std::string_view code = clean(encoding, "encoding");

@@ -73,7 +73,7 @@ private:
     void startSending(const std::string& framing, std::string_view body);
     void sendHead(const std::string& framing, std::string_view body);
     void awaitConsent();
-    std::string_view clean(const char* text, std::string_view what) const;
+    std::string_view clean(const char* text, std::string_view what, bool mayQuote = false) const;
     std::string cleanHeaders(const char* headers) const;
     bool isBrokenOff() const;
 
