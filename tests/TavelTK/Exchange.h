@@ -1,5 +1,9 @@
 #pragma once
 
+#include "support/ScriptedPeer.h"
+#include "support/Table.h"
+#include "support/Threads.h"
+
 #include "PLQStreams/PLQInputStream.h"
 #include "PLQStreams/PLQOutputStream.h"
 #include "TavelTK/TavelTK.h"
@@ -82,14 +86,28 @@ inline std::string call(TavelTK& factory, const std::string& url, const std::str
     return receiveEnvelope(*exchange);
 }
 
-/// Runs `step` and expects it to end in that failure, with `words` in its message.
-inline void expectFailure(const std::function<void()>& step, TavelTKError error, const std::string& words) {
+/// Runs `step` and expects it to end in the failure of that name, with `words` in its message.
+inline void expectFailure(const std::function<void()>& step, const std::string& error,
+                          const std::string& words) {
     try {
         step();
-        ADD_FAILURE() << "nothing was thrown instead of " << findTavelTKError(static_cast<int>(error))->name;
+        ADD_FAILURE() << "nothing was thrown instead of " << error;
     } catch (const TavelTKException& e) {
-        EXPECT_EQ(e.getErrorCode(), static_cast<int>(error)) << e.getMessage();
+        EXPECT_EQ(findTavelTKError(e.getErrorCode())->name, error) << e.getMessage();
         EXPECT_NE(std::string(e.getMessage()).find(words), std::string::npos) << e.getMessage();
         EXPECT_FALSE(e.getBackTrace().empty());
     }
+}
+
+inline void expectFailure(const std::function<void()>& step, TavelTKError error, const std::string& words) {
+    expectFailure(step, findTavelTKError(static_cast<int>(error))->name, words);
+}
+
+/// What a peer does after an answer, by its name.
+inline Answer::After afterwards(const std::string& name) {
+    return name == "keep"      ? Answer::keep
+           : name == "close"   ? Answer::close
+           : name == "reset"   ? Answer::reset
+           : name == "silence" ? Answer::silence
+                               : Answer::cut;
 }

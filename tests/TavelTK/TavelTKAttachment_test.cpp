@@ -1,30 +1,20 @@
 // Attachments of replies: codings, order, limits, size.
 
 #include "Exchange.h"
-#include "support/ScriptedPeer.h"
-
-#include "PLQStreams/PLQGZIPOutputStream.h"
-#include "PLQStreams/PLQMemoryOutputStream.h"
+#include "support/Bytes.h"
 
 #include <fstream>
 
 namespace {
 
 using enum TavelTKError;
+using mrl::test::packed;
 using Texts = std::vector<std::string>;
 
 const std::string s_root = "--b\r\nContent-Type: text/xml\r\nContent-ID: <root>\r\n\r\n<r/>\r\n";
 
 std::string part(const std::string& id, const std::string& headers, const std::string& bytes) {
     return "--b\r\nContent-ID: <" + id + ">\r\n" + headers + "\r\n" + bytes + "\r\n";
-}
-
-std::string gzip(const std::string& text) {
-    PLQMemoryOutputStream packed(1024, 1024);
-    PLQGZIPOutputStream packer(packed);
-    packer.write(text.data(), text.size());
-    packer.close();
-    return {packed.bytes(), static_cast<std::size_t>(packed.length())};
 }
 
 /// The envelope, then each attachment as its id, a colon and its bytes.
@@ -49,9 +39,9 @@ std::string multipart(const std::string& parts) {
 TEST(Attachments, AreFreedOfTheirCodingsWhereverTheEnvelopeStands) {
     const std::string base64 = "Content-Transfer-Encoding: Base64\r\n";
     const std::string quoted = "Content-Transfer-Encoding: quoted-printable\r\n";
-    const std::string packed = "Content-Encoding: gzip\r\n";
+    const std::string gzip = "Content-Encoding: gzip\r\n";
     const std::string text = "text that is packed";
-    const std::string zipped = gzip(text) + gzip("!");
+    const std::string zipped = packed(text) + packed("!");
     struct Row {
         std::string parts;
         Texts expected;
@@ -61,10 +51,8 @@ TEST(Attachments, AreFreedOfTheirCodingsWhereverTheEnvelopeStands) {
         {s_root + part("1", base64, "SGVs\r\nbG8h IQ=\t=\r\n") + part("2", base64, ""),
          {"<r/>", "<1>:Hello!!", "<2>:"}},
         {s_root + part("1", quoted, "a=3D=\r\nb \t\r\nc=C3=a9= \r\n=20"), {"<r/>", "<1>:a=b\r\nc\xC3\xA9 "}},
-        {s_root + part("1", packed, zipped), {"<r/>", "<1>:" + zipped}},
-        {s_root + part("1", packed, zipped) + part("2", packed, ""),
-         {"<r/>", "<1>:" + text + "!", "<2>:"},
-         1},
+        {s_root + part("1", gzip, zipped), {"<r/>", "<1>:" + zipped}},
+        {s_root + part("1", gzip, zipped) + part("2", gzip, ""), {"<r/>", "<1>:" + text + "!", "<2>:"}, 1},
         {part("1", base64, "YQ==") + part("2", "", "b") + s_root + part("3", "", "c"),
          {"<r/>", "<1>:a", "<2>:b", "<3>:c"}},
         {"--b\r\nContent-Type: text/xml\r\nContent-ID: root\r\n" + quoted + "\r\n<r=2F>\r\n", {"<r/>"}}};
@@ -82,8 +70,8 @@ TEST(Attachments, AreFreedOfTheirCodingsWhereverTheEnvelopeStands) {
 TEST(Attachments, ThatCannotBeTakenAreRefusedByName) {
     const std::string base64 = "Content-Transfer-Encoding: base64\r\n";
     const std::string quoted = "Content-Transfer-Encoding: quoted-printable\r\n";
-    const std::string packed = "Content-Encoding: gzip\r\n";
-    const std::string zipped = gzip(std::string(3000000, '0'));
+    const std::string gzip = "Content-Encoding: gzip\r\n";
+    const std::string zipped = packed(std::string(3000000, '0'));
     struct Row {
         std::string parts;
         TavelTKError error;
@@ -96,10 +84,10 @@ TEST(Attachments, ThatCannotBeTakenAreRefusedByName) {
         {s_root + part("1", quoted, "=4"), badAttachment, "ends within an escape"},
         {s_root + part("1", quoted, "=4z"), badAttachment, "escape that is none"},
         {s_root + part("1", "Content-Transfer-Encoding: x-uuencode\r\n", ""), unsupported, "x-uuencode"},
-        {s_root + part("1", packed, "no gzip at all"), badAttachment, "damaged"},
-        {s_root + part("1", packed, gzip("text").substr(0, 12)), badAttachment, "too early"},
-        {s_root + part("1", packed, zipped), replyTooLarge, "max-inflate-ratio"},
-        {s_root + part("1", packed, gzip(std::string(1001, '0'))), replyTooLarge, "max-inflated-bytes"},
+        {s_root + part("1", gzip, "no gzip at all"), badAttachment, "damaged"},
+        {s_root + part("1", gzip, packed("text").substr(0, 12)), badAttachment, "too early"},
+        {s_root + part("1", gzip, zipped), replyTooLarge, "max-inflate-ratio"},
+        {s_root + part("1", gzip, packed(std::string(1001, '0'))), replyTooLarge, "max-inflated-bytes"},
         {s_root + part("1", "", "a") + part("1", "", "b"), badMultipart, "two parts have the content id '1'"},
         {s_root + part("root", "", "a"), badMultipart, "'root'"},
         {part("1", "", std::string(5000, 'x')) + s_root, replyTooLarge, "max-early-bytes"}};

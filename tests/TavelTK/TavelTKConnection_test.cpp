@@ -1,7 +1,6 @@
 // Connections: kept, shared, replaced, given up in time.
 
 #include "Exchange.h"
-#include "support/ScriptedPeer.h"
 
 namespace {
 
@@ -119,19 +118,14 @@ TEST(Pool, IsBoundedPerPeerAndInTimeAndGivesTheLastOneFirst) {
 TEST(Pool, IsSharedByThreadsWithoutMixingTheirReplies) {
     constexpr int threads = 4;
     constexpr int calls = 25;
-    std::vector<Answer> answers(threads * calls, {reply("<r/>")});
-    ScriptedPeer peer(answers);
-    std::vector<std::thread> hosts;
+    ScriptedPeer peer(std::vector<Answer>(threads * calls, {reply("<r/>")}));
     std::atomic<int> good = 0;
-    for (int thread = 0; thread < threads; ++thread)
-        hosts.emplace_back([&] {
-            for (int i = 0; i < calls; ++i) {
-                const std::unique_ptr<TavelTK> factory(TavelTK::getSessionFactory());
-                good += call(*factory, peer.url()) == "<r/>";
-            }
-        });
-    for (std::thread& host : hosts)
-        host.join();
+    mrl::test::inThreads(threads, [&](int) {
+        for (int i = 0; i < calls; ++i) {
+            const std::unique_ptr<TavelTK> factory(TavelTK::getSessionFactory());
+            good += call(*factory, peer.url()) == "<r/>";
+        }
+    });
     EXPECT_EQ(good, threads * calls);
     EXPECT_LE(peer.connections(), threads);
 }

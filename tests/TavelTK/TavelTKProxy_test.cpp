@@ -2,7 +2,6 @@
 
 #include "Exchange.h"
 #include "TestAuthority.h"
-#include "support/ScriptedPeer.h"
 
 #include <Poco/Exception.h>
 #include <Poco/Net/Context.h>
@@ -108,29 +107,13 @@ TEST(Proxy, CarriesTlsThroughATunnelThatAloneSeesItsCredentials) {
 }
 
 TEST(Proxy, ThatMakesNoTunnelIsNamedWithItsAnswer) {
-    struct Row {
-        Answer answer;
-        TavelTKError error;
-        std::string words;
-    };
-    const std::vector<Row> table{
-        {{"HTTP/1.1 407 Who?\r\n\r\n", Answer::keep, false},
-         proxyAuthenticationRequired,
-         "407 Who?'; none were"},
-        {{"HTTP/1.1 403 Forbidden\r\n\r\n", Answer::keep, false}, proxyFailed, "'HTTP/1.1 403 Forbidden'"},
-        {{"SSH-2.0-x\r\n\r\n", Answer::keep, false}, proxyFailed, "'SSH-2.0-x' is no HTTP"},
-        {{"HTTP/1.1 200 OK\r\n" + std::string(400, 'a'), Answer::keep, false},
-         proxyFailed,
-         "max-header-bytes"},
-        {{"", Answer::cut, false}, proxyFailed, "the proxy to"},
-        {{"", Answer::silence, false}, connectTimedOut, "the proxy to bus.invalid:443: 60 ms"}};
-    for (const Row& row : table) {
-        ScriptedPeer proxy({row.answer});
+    for (const auto& row : mrl::test::table("no_tunnels.txt")) {
+        ScriptedPeer proxy({{row[0], afterwards(row[1]), false}});
         Toolkit toolkit;
         toolkit.factory->setProperty("proxy", proxy.authority());
-        toolkit.factory->setProperty("connect-time-limit", row.error == connectTimedOut ? 60 : 30000);
+        toolkit.factory->setProperty("connect-time-limit", row[1] == "silence" ? 60 : 30000);
         toolkit.factory->setProperty("max-header-bytes", 256);
-        expectFailure([&] { call(*toolkit.factory, "https://bus.invalid/"); }, row.error, row.words);
+        expectFailure([&] { call(*toolkit.factory, "https://bus.invalid/"); }, row[2], row[3]);
     }
 }
 

@@ -2,14 +2,14 @@
 
 #include "Exchange.h"
 #include "TestAuthority.h"
-#include "support/ScriptedPeer.h"
+#include "support/Processes.h"
 
 #include <Poco/Net/Context.h>
 #include <Poco/Net/SecureServerSocket.h>
 
 #include <filesystem>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <map>
+#include <sstream>
 
 namespace {
 
@@ -48,104 +48,51 @@ Properties trusting(Properties more = {}) {
     return more;
 }
 
+/// One row of the table: a peer and what the toolkit is told of trust.
 struct TlsCase {
-    const char* name;
+    explicit TlsCase(const std::vector<std::string>& row)
+        : name(row[0])
+        , isOld(row[2].starts_with("1.2"))
+        , asksForCertificate(row[2].ends_with("asks"))
+        , host(row[3])
+        , error(row[5])
+        , words(row.back()) {
+        static const TestAuthority s_other;
+        static const std::map<std::string, std::string> s_files{{"CA", authority().file()},
+                                                                {"OTHER", s_other.file()},
+                                                                {"CLIENT", authority().issue({})},
+                                                                {"KEY", authority().issue({})}};
+        std::istringstream(row[1]) >> certificate.names >> certificate.fromDay >> certificate.toDay >>
+            certificate.use;
+        std::istringstream all(row[4]);
+        for (std::string property; all >> property;) {
+            const std::size_t end = property.find('=');
+            const auto file = s_files.find(property.substr(end + 1));
+            properties.emplace_back(property.substr(0, end),
+                                    file != s_files.end() ? file->second : property.substr(end + 1));
+        }
+    }
+
+    Poco::Net::SecureServerSocket listener() const {
+        return secureListener(authority().issue(certificate), isOld, asksForCertificate);
+    }
+
+    std::string name;
+    bool isOld, asksForCertificate;
+    std::string host, error, words;
     TestAuthority::Request certificate;
     Properties properties;
-    TavelTKError error; ///< connectionBroke: none, the exchange is to work
-    std::string words = "";
-    std::string host = "127.0.0.1";
-    bool isOld = false;
-    bool asksForCertificate = false;
 };
 
-constexpr TavelTKError none = connectionBroke;
-
-std::vector<TlsCase> tlsCases() {
-    static const std::string s_client = authority().issue({});
-    static const TestAuthority s_other;
-    const std::string here = "127.0.0.1";
-    return {
-        {"an address", {}, trusting(), none},
-        {"a name", {}, trusting(), none, "", "localhost"},
-        {"TLS 1.2", {}, trusting(), none, "", here, true},
-        {"a client certificate",
-         {},
-         trusting({{"tls-certificate-file", s_client}}),
-         none,
-         "",
-         here,
-         false,
-         true},
-        {"another authority, unchecked",
-         {},
-         {{"tls-ca-file", s_other.file()}, {"tls-verify-certificate", "0"}},
-         none},
-        {"another host, unchecked", {"DNS:other"}, trusting({{"tls-verify-host", "0"}}), none},
-        {"an expired certificate", {"IP:127.0.0.1", -3, -1}, trusting(), certificateExpired, "has expired"},
-        {"a certificate of tomorrow",
-         {"IP:127.0.0.1", 1, 2},
-         trusting(),
-         certificateExpired,
-         "not yet valid; certificate of '/CN=Test peer' by '/CN=Test authority'"},
-        {"another host", {"DNS:other"}, trusting(), certificateWrongHost, "not of 'localhost'", "localhost"},
-        {"another address", {"IP:127.0.0.2"}, trusting(), certificateWrongHost, "not of '127.0.0.1'"},
-        {"another host, authority unchecked",
-         {"DNS:other"},
-         trusting({{"tls-verify-certificate", "0"}}),
-         certificateWrongHost},
-        {"another authority", {}, {{"tls-ca-file", s_other.file()}}, certificateUntrusted, "signature"},
-        {"the system's authorities", {}, {}, certificateUntrusted, "self-signed"},
-        {"a certificate for clients",
-         {"IP:127.0.0.1", -1, 1, "clientAuth"},
-         trusting(),
-         certificateRefused,
-         "purpose"},
-        {"too old a version", {}, trusting({{"tls-min-version", "1.3"}}), tlsFailed, "version", here, true},
-        {"no client certificate",
-         {},
-         trusting(),
-         clientCertificateRefused,
-         "certificate required",
-         here,
-         false,
-         true},
-        {"no client certificate, TLS 1.2",
-         {},
-         trusting(),
-         clientCertificateRefused,
-         "none was given (tls-certificate-file)",
-         here,
-         true,
-         true},
-        {"a missing file",
-         {},
-         {{"tls-ca-file", "/no/file"}},
-         tlsSetupFailed,
-         "(tls-ca-file) '/no/file' cannot be used (No such file"},
-        {"a missing directory", {}, {{"tls-ca-directory", "/no/dir"}}, tlsSetupFailed, "'/no/dir'"},
-        {"a file that is none",
-         {},
-         trusting({{"tls-certificate-file", "/dev/null"}}),
-         tlsSetupFailed,
-         "'/dev/null'"},
-        {"the key of another",
-         {},
-         trusting({{"tls-certificate-file", s_client}, {"tls-key-file", authority().issue({})}}),
-         tlsSetupFailed,
-         "key"}};
-}
-
 TEST(Tls, TrustsWhomItIsToldToAndSaysWhyNotOtherwise) {
-    for (const TlsCase& row : tlsCases()) {
+    for (const auto& cells : mrl::test::table("tls.txt")) {
+        const TlsCase row(cells);
         SCOPED_TRACE(row.name);
-        ScriptedPeer peer(
-            {{reply("<r/>")}, {reply("<r/>")}},
-            secureListener(authority().issue(row.certificate), row.isOld, row.asksForCertificate));
+        ScriptedPeer peer({{reply("<r/>")}, {reply("<r/>")}}, row.listener());
         Toolkit toolkit;
         set(toolkit, row.properties);
         const std::string url = secureUrl(peer, row.host);
-        if (row.error != none) {
+        if (row.error != "works") {
             expectFailure([&] { call(*toolkit.factory, url); }, row.error, row.words);
             EXPECT_EQ(toolkit.pool.size(), 0u);
             continue;
@@ -158,9 +105,9 @@ TEST(Tls, TrustsWhomItIsToldToAndSaysWhyNotOtherwise) {
 
 TEST(Tls, LeavesNoDescriptorBehindHoweverItFails) {
     const auto run = [] {
-        for (const TlsCase& row : tlsCases()) {
-            ScriptedPeer peer({{"", Answer::reset}}, secureListener(authority().issue(row.certificate),
-                                                                    row.isOld, row.asksForCertificate));
+        for (const auto& cells : mrl::test::table("tls.txt")) {
+            const TlsCase row(cells);
+            ScriptedPeer peer({{"", Answer::reset}}, row.listener());
             Toolkit toolkit;
             set(toolkit, row.properties);
             EXPECT_THROW(call(*toolkit.factory, secureUrl(peer, row.host)), TavelTKException) << row.name;
@@ -175,7 +122,7 @@ TEST(Tls, IsRefusedByAPeerThatSpeaksNoneInItsOwnTime) {
     Toolkit toolkit;
     set(toolkit, trusting());
     ScriptedPeer plain({{"HTTP/1.1 400 Bad Request\r\n\r\n", Answer::close, false}});
-    expectFailure([&] { call(*toolkit.factory, secureUrl(plain)); }, tlsFailed, "wrong version number");
+    expectFailure([&] { call(*toolkit.factory, secureUrl(plain)); }, tlsFailed, "is its port one for http?");
     ScriptedPeer closing({{"", Answer::cut, false}});
     expectFailure([&] { call(*toolkit.factory, secureUrl(closing)); }, tlsFailed, "connecting to");
     toolkit.factory->setProperty("connect-time-limit", 60);
@@ -214,14 +161,11 @@ TEST(Tls, ConnectionOfAParentIsNeitherUsedNorEndedByItsChild) {
     Toolkit toolkit;
     set(toolkit, trusting());
     call(*toolkit.factory, secureUrl(peer));
-    if (const pid_t child = ::fork(); child == 0) {
+    const mrl::test::Child child([&] {
         toolkit.pool.take("any", mrl::detail::Clock::steady().now());
-        ::_exit(toolkit.pool.size() == 0 ? 0 : 1);
-    } else {
-        int status = -1;
-        ::waitpid(child, &status, 0);
-        EXPECT_EQ(status, 0);
-    }
+        return toolkit.pool.size() == 0 ? 0 : 1;
+    });
+    EXPECT_EQ(child.end(), 0);
     EXPECT_EQ(call(*toolkit.factory, secureUrl(peer)), "<2/>");
     EXPECT_EQ(peer.connections(), 1);
 }
@@ -242,15 +186,11 @@ TEST(Tls, CarriesSixteenThreadsOfOneFactoryWithLargeBodies) {
     ScriptedPeer peer(std::vector<Answer>(16 * calls, {reply(large)}), secureListener(authority().issue({})));
     Toolkit toolkit;
     set(toolkit, trusting());
-    std::vector<std::thread> hosts;
     std::atomic<int> good = 0;
-    for (int thread = 0; thread < 16; ++thread)
-        hosts.emplace_back([&] {
-            for (int i = 0; i < calls; ++i)
-                good += call(*toolkit.factory, secureUrl(peer), large) == large;
-        });
-    for (std::thread& host : hosts)
-        host.join();
+    mrl::test::inThreads(16, [&](int) {
+        for (int i = 0; i < calls; ++i)
+            good += call(*toolkit.factory, secureUrl(peer), large) == large;
+    });
     EXPECT_EQ(good, 16 * calls);
 }
 
