@@ -186,7 +186,6 @@ std::u16string MRLSchemaTypeIContentHandler::getBusXsiType(std::u16string_view a
         throwFailure(HBL_HERE, "MRLSchemaTypeIContentHandler::getBusXsiType()", msg::arrayTypeWithoutPrefix,
                      narrowed(arrayType), localname);
     }
-    HBL_ASSERT_NAMED(arrayType.size() < NAME_LIMIT, "The default buffer size needs to be increased.");
     if (getURIForPrefix(arrayType.substr(0, colonPos)) != Space::bus) {
         return {};
     }
@@ -194,6 +193,7 @@ std::u16string MRLSchemaTypeIContentHandler::getBusXsiType(std::u16string_view a
     std::u16string name = u"bus:";
     name += element.substr(0, element.find(u'['));
     name += u"[]";
+    HBL_ASSERT_NAMED(name.size() < NAME_LIMIT, "The default buffer size needs to be increased.");
     return name;
 }
 

@@ -4,7 +4,12 @@
 
 namespace mrl::detail {
 
-GatheringOutputStream::~GatheringOutputStream() = default;
+GatheringOutputStream::~GatheringOutputStream() {
+    try {
+        finish();
+    } catch (...) { // the failure that led here is the one to report
+    }
+}
 
 void GatheringOutputStream::finish() {
     const std::size_t held = std::exchange(m_size, 0);

@@ -9,7 +9,8 @@
 namespace mrl::detail {
 
 /// Gathers the writer's many small pieces, so that the stream below sees few large ones in the same
-/// order. finish() must be called at the end; what is held when a failure passes is dropped.
+/// order. finish() must be called at the end. What is held when a failure passes is handed on all the
+/// same, unless the failure is the stream's own: what was written stays written.
 class GatheringOutputStream final : public PLQOutputStream {
 public:
     explicit GatheringOutputStream(PLQOutputStream& downstream)

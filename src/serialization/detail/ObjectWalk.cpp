@@ -24,9 +24,10 @@ bool isGenerated(MRLSchemaTypeI::ObjectType type) {
     return MRLSchemaTypesFactory::isGeneratedType(type) != 0;
 }
 
-/// Simple values that can be told; xs:time and xs:anyType cannot.
+/// Simple values that can be told; xs:time, xs:anyType and what has no name on the wire cannot.
 bool isSimple(MRLSchemaTypeI::ObjectType type) {
-    return !isGenerated(type) && type != MRLSchemaTypeI::eTime && type != MRLSchemaTypeI::eAnyType;
+    return !isGenerated(type) && type != MRLSchemaTypeI::eTime && type != MRLSchemaTypeI::eAnyType &&
+           type != MRLSchemaTypeI::eCharStreamable;
 }
 
 bool isContentId(const char* value) {
