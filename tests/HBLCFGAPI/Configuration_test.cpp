@@ -89,11 +89,15 @@ TEST(Configuration, MakesTreesIndependentOfThePrefixesAround) {
         "<parameters xmlns='http://developer.vantor.example/schemas/qzconfig/1/' "
         "xmlns:s='urn:s'>"
         "<parameter name='CRYPTO'><value><instances s:a='1' xmlns:s='urn:t'>"
-        "<s:b xmlns=''><c/></s:b></instances><s:d/></value></parameter></parameters>");
+        "<s:b xmlns=''><c/></s:b></instances><s:d/></value></parameter>"
+        "<parameter name='AAA'><value><parameter name='a'><value>1</value></parameter></value></parameter>"
+        "</parameters>");
     EXPECT_EQ(property("CRYPTO"),
               "<qzn:value xmlns:qzn=\"http://developer.vantor.example/schemas/qzconfig/1/\">"
               "<qzn:instances xmlns:s=\"urn:t\" s:a=\"1\"><s:b><c/></s:b></qzn:instances>"
               "<s:d xmlns:s=\"urn:s\"/></qzn:value>");
+    const auto document = HBLConfigurationDocument::read(ConfigurationFile::path());
+    EXPECT_EQ(document.getProperties().at(1).entries.at(0).value, "1");
 }
 
 TEST(Configuration, IsReadFromTheDefaultPlaceOnlyOnceAndMayBeMissingThere) {

@@ -191,7 +191,7 @@ void ConfigurationReader::readEntries(HBLConfigurationProperty& property, const 
         if (!path.empty()) {
             name.insert(0, "/").insert(0, path);
         }
-        const HBLIDOM_Element value = HBLIDOM_Helper::findChildElement(element, "qzn:value");
+        const HBLIDOM_Element value = HBLIDOM_Helper::findChildElement(element, "value");
         const HBLIDOM_Element& holder = value.isNull() == 0 ? value : element;
         std::string text = elementsIn(holder).empty() ? ownText(holder) : std::string();
         property.entries.push_back({name, std::move(text), placeOf(element)});
