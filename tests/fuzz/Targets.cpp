@@ -1,5 +1,7 @@
 #include "fuzz/Targets.h"
 
+#include "Session/MRLBusSettings.h"
+#include "Session/detail/PropertyAccess.h"
 #include "Toolkit/MRLContentManagerServicePortType.h"
 #include "Toolkit/MRLMessageI.h"
 #include "Toolkit/MRLObjectRegistryFactory.h"
@@ -9,6 +11,7 @@
 #include "serialization/MRLSOAPMessageIDeserializer.h"
 #include "serialization/MRLSOAPMessageISerializer.h"
 
+#include "HBLCFGAPI/HBLConfigurationError.h"
 #include "HBLCore/HBLFailure.h"
 #include "HBLCore/HBLSmartPointer.h"
 #include "PLQStreams/PLQBase64InputStream.h"
@@ -17,11 +20,16 @@
 #include "PLQStreams/PLQMemoryOutputStream.h"
 #include "PLQStreams/PLQXmlEncodeOutputStream.h"
 #include "TavelTK/detail/MultipartReader.h"
+#include "logipf2/LogConfigurationError.h"
+#include "logipf2/detail/LogConfiguration.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace mrl::fuzz {
@@ -182,10 +190,67 @@ void encodeXml(std::string_view input) {
     MRLSOAPMessageIDeserializer().parse(in, *binding, binding->getOutputMessage());
 }
 
+namespace {
+
+/// A file of this process that is written over and over, and goes with it.
+class InputFile {
+public:
+    ~InputFile() { std::filesystem::remove(m_path); }
+    const std::string& holding(std::string_view input) {
+        std::ofstream(m_path, std::ios::binary)
+            .write(input.data(), static_cast<std::streamsize>(input.size()));
+        return m_path;
+    }
+
+private:
+    const std::string m_path =
+        std::filesystem::temp_directory_path() / ("mrl_fuzz_" + std::to_string(::getpid()));
+};
+
+void readLogging(const std::string& path) {
+    try {
+        detail::readLogConfiguration(path).effective("Audit.RTUsage.MRL");
+    } catch (const LogConfigurationError&) { // refused
+    }
+}
+
+/// The store refuses nothing: what it cannot use is not there.
+void readProperties(const std::string& path) {
+    detail::PropertyAccess::setConfigFile(path);
+    unsigned number = 0;
+    I18NString text;
+    const int isNumber = MRLProperty::getInstance().getValue("outputBufferSize", number);
+    require(isNumber == 0 || MRLProperty::getInstance().getValue("outputBufferSize", text) != 0);
+}
+
+} // namespace
+
+void readConfiguration(std::string_view input) {
+    static InputFile s_file;
+    const std::string& path = s_file.holding(input);
+    if (input.starts_with('{')) {
+        return readLogging(path);
+    }
+    readProperties(path);
+    const auto document = HBLConfigurationDocument::read(path);
+    try {
+        document.requireSound();
+    } catch (const HBLConfigurationError&) {
+        return;
+    }
+    for (const HBLConfigurationProperty& property : document.getProperties()) {
+        HBLIDOM_Parser parser;
+        HBLIDOM_Document tree;
+        require(!property.isTree || parser.parse(property.value.data(), property.value.size(), tree) != 0);
+        MRLBusSettings::check(property);
+    }
+}
+
 std::span<const NamedTarget> targets() {
-    static constexpr NamedTarget all[] = {{"reply", readReply},       {"request", readRequest},
-                                          {"document", readDocument}, {"multipart", readMultipart},
-                                          {"base64", decodeBase64},   {"xml", encodeXml}};
+    static constexpr NamedTarget all[] = {{"reply", readReply},         {"request", readRequest},
+                                          {"document", readDocument},   {"multipart", readMultipart},
+                                          {"base64", decodeBase64},     {"xml", encodeXml},
+                                          {"config", readConfiguration}};
     return all;
 }
 

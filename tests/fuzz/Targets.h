@@ -24,6 +24,8 @@ void readMultipart(std::string_view input);
 void decodeBase64(std::string_view input);
 /// Text through the writer's encoding, and back through the parser's decoding.
 void encodeXml(std::string_view input);
+/// The files that an administrator writes: configuration and properties, or logging when it begins with "{".
+void readConfiguration(std::string_view input);
 
 struct NamedTarget {
     const char* name; // of its corpus too
