@@ -1,6 +1,7 @@
 // What protects documents: known ones are opened, and nothing else is.
 #include "support/KeyStore.h"
 
+#include "HBLCore/HBLBase64.h"
 #include "ZORCrypto/HBLZORCookie.h"
 #include "ZORCrypto/ZORKeyStore.h"
 #include "ZORCrypto/ZORTrustedReader.h"
@@ -35,7 +36,7 @@ std::string bytes(const std::string& hex) {
 }
 
 std::string armoured(const std::string& document) {
-    return "<trustedRequest version=\"1\">" + mrl::detail::toBase64(document) + "</trustedRequest>";
+    return "<trustedRequest version=\"1\">" + HBLBase64Encoded(document) + "</trustedRequest>";
 }
 
 std::string dataDocument() {

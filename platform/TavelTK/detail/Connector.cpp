@@ -10,10 +10,7 @@
 namespace mrl::detail {
 
 std::string basicCredentials(const std::string& user, const std::string& password) {
-    const std::string text = user + ":" + password;
-    std::string coded(HBLBase64EncodedSize(text.size(), 0), '\0');
-    HBLBase64Encode(text.data(), text.size(), coded.data(), 0);
-    return "Basic " + coded;
+    return "Basic " + HBLBase64Encoded(user + ":" + password);
 }
 
 Connector::Connector(const Route& route, const SessionOptions& options, Limit limit, const Clock& clock,

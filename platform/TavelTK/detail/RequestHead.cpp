@@ -6,12 +6,6 @@ namespace mrl::detail {
 
 namespace {
 
-std::string base64(std::string_view text) {
-    std::string coded(HBLBase64EncodedSize(text.size(), 0), '\0');
-    HBLBase64Encode(text.data(), text.size(), coded.data(), 0);
-    return coded;
-}
-
 /// What stands in the document's <serviceID>, in a form that any header can carry.
 std::string serviceIdOf(std::string_view config) {
     static constexpr std::string_view s_open = "<serviceID>";
@@ -51,7 +45,7 @@ std::string requestHead(Wire& wire, std::string_view soapAction, std::string_vie
     lines.append("User-Agent: mrl\r\nAccept: text/xml, multipart/related\r\nSOAPAction: \"");
     lines.append(soapAction).append("\"\r\n");
     addLine(lines, "Content-Type", contentType);
-    addLine(lines, "X-MRL-Session-Config", base64(sessionConfig));
+    addLine(lines, "X-MRL-Session-Config", HBLBase64Encoded(sessionConfig));
     addLine(lines, "X-MRL-Service-Id", serviceIdOf(sessionConfig));
     addLine(lines, "X-MRL-Request-Id", requestId);
     addLine(lines, "X-MRL-Trace-Id", options.traceId);

@@ -204,6 +204,10 @@ Attempt TlsChannel::failure(int code) {
     }
     const bool isRefused =
         isAboutCertificate(reason) || (m_isAsked && reason == SSL_R_SSLV3_ALERT_HANDSHAKE_FAILURE);
+    if (reason == SSL_R_WRONG_VERSION_NUMBER && !SSL_is_init_finished(m_ssl.get()))
+        return {Attempt::failed, 0,
+                takeTlsWords() + ": the peer does not speak TLS; is its port one for http?",
+                TavelTKError::tlsFailed};
     if (!isRefused)
         return {Attempt::failed, 0, takeTlsWords(), TavelTKError::tlsFailed};
     const bool isGiven = SSL_get_certificate(m_ssl.get()) != nullptr;

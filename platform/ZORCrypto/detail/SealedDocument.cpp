@@ -1,5 +1,6 @@
 #include "ZORCrypto/detail/SealedDocument.h"
 
+#include "HBLCore/HBLBase64.h"
 #include "ZORCrypto/ZORError.h"
 #include "ZORCrypto/detail/Primitives.h"
 #include "ZORCrypto/detail/Random.h"
@@ -111,7 +112,7 @@ SealedHeader unsealDocument(const KeySet& keys, Purpose purpose, std::string_vie
 }
 
 std::string armour(std::string_view document) {
-    return std::string(c_armourBegin).append(toBase64(document)).append(c_armourEnd);
+    return std::string(c_armourBegin).append(HBLBase64Encoded(document)).append(c_armourEnd);
 }
 
 bool isArmoured(std::string_view body) noexcept {

@@ -1,5 +1,6 @@
 #include "ZORCrypto/detail/SignedText.h"
 
+#include "HBLCore/HBLBase64.h"
 #include "ZORCrypto/ZORError.h"
 #include "ZORCrypto/detail/Primitives.h"
 #include "ZORCrypto/detail/Text.h"
@@ -60,7 +61,7 @@ void signSpecification(const KeySet& keys, std::string_view service, std::string
                                        coveredBySpecification(service, specification));
     out.reserve(out.size() + specification.size() + c_trailerSize);
     out.append(specification).append(c_trailerBegin).append(toHex(master.id)).append(" ");
-    out.append(toBase64(signature)).append(c_trailerEnd);
+    out.append(HBLBase64Encoded(signature)).append(c_trailerEnd);
 }
 
 std::size_t verifySpecification(const KeySet& keys, std::string_view service,

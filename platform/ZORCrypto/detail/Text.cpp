@@ -39,12 +39,6 @@ bool fromHex(std::string_view text, std::string& bytes) {
     return true;
 }
 
-std::string toBase64(std::string_view bytes) {
-    std::string text(HBLBase64EncodedSize(bytes.size(), 0), '\0');
-    HBLBase64Encode(bytes.data(), bytes.size(), text.data(), 0);
-    return text;
-}
-
 bool fromBase64(std::string_view text, std::string& bytes) {
     bytes.clear();
     if (text.size() % 4 != 0 || !std::ranges::all_of(text, isBase64))
@@ -56,14 +50,14 @@ bool fromBase64(std::string_view text, std::string& bytes) {
         return false;
     decoded.resize(size);
     const std::size_t lastGroup = size == 0 ? 0 : (size - 1) / 3 * 3;
-    if (!text.ends_with(toBase64(std::string_view(decoded).substr(lastGroup))))
+    if (!text.ends_with(HBLBase64Encoded(std::string_view(decoded).substr(lastGroup))))
         return false; // bits to spare that are not zero: one way of writing each value
     bytes = std::move(decoded);
     return true;
 }
 
 std::string toBase64Url(std::string_view bytes) {
-    std::string text = toBase64(bytes);
+    std::string text = HBLBase64Encoded(bytes);
     text.resize(std::min(text.find('='), text.size()));
     std::ranges::replace(text, '+', '-');
     std::ranges::replace(text, '/', '_');

@@ -12,8 +12,7 @@ std::string toHex(std::string_view bytes);
 /// Lower case, two characters a byte. @return false, and `bytes` empty, for anything else.
 [[nodiscard]] bool fromHex(std::string_view text, std::string& bytes);
 
-std::string toBase64(std::string_view bytes);
-/// The standard alphabet without blanks. @return false, and `bytes` empty, for anything else.
+/// Base64 in the standard alphabet, without blanks. @return false, and `bytes` empty, for anything else.
 [[nodiscard]] bool fromBase64(std::string_view text, std::string& bytes);
 
 /// The alphabet for URLs ("-" and "_") without padding, which needs no quoting in a cookie.
