@@ -112,9 +112,12 @@ private:
     std::unique_ptr<File> moveInto() const;
     std::int64_t writeImpl(const char* data, std::size_t size);
     std::int64_t writeBuffer(const char* data, std::size_t size);
+    bool openPlain();
+    std::int64_t writeFile(const char* data, std::size_t size);
     std::int64_t readFile(char* buffer, std::size_t size);
     std::int64_t readPlain(char* buffer, std::size_t size);
     bool dropAhead();
+    std::int64_t seekFile(std::int64_t position, int origin);
     std::int64_t seekBuffer(std::int64_t position, int origin);
     void finishPacked();
     bool closeFiles();
