@@ -1,13 +1,13 @@
 #include "BusFixture.h"
 #include "support/Files.h"
+#include "support/Table.h"
+#include "support/Threads.h"
 
 #include <Poco/Net/StreamSocket.h>
 #include <gmock/gmock.h>
 
 #include <atomic>
 #include <chrono>
-#include <thread>
-#include <vector>
 
 namespace mrl::bus {
 namespace {
@@ -79,62 +79,18 @@ TEST_F(BusFixture, AddsUpdatesAndDeletes) {
     EXPECT_THAT(post(query(path, "defaultName")).body, HasSubstr("bus:baseClass[0]"));
 }
 
-struct BadRequest {
-    const char* name;
-    std::string body;
-    const char* code;
-};
-
-class BadRequests : public BusFixture {
-protected:
-    static std::vector<BadRequest> all() {
-        const std::string good = query(revenue, "defaultName");
-        std::string otherService = good;
-        otherService.replace(otherService.find("contentManagerService"), 21, "nobodysService");
-        std::string deep;
-        for (int i = 0; i < 20000; ++i)
-            deep += "<a>";
-        const auto path = [](const std::string& text) {
-            return element("searchPath", "bus:searchPathMultipleObject", text);
-        };
-        return {{"nothing", "", "busBadRequest"},
-                {"no XML", "hello", "busBadRequest"},
-                {"a page", "<html><body>hello</body></html>", "busBadRequest"},
-                {"a broken end", good.substr(0, good.size() / 2), "busBadRequest"},
-                {"bytes that are no UTF-8", query("/content/*\xff", "name"), "busBadRequest"},
-                {"a document type", "<!DOCTYPE a [<!ENTITY b \"c\">]>" + good.substr(good.find("<SOAP")),
-                 "busBadRequest"},
-                {"an unknown service", otherService, "busBadRequest"},
-                {"an unknown operation", envelope("quarry", ""), "busBadRequest"},
-                {"an unknown parameter", envelope("query", element("path", "xs:string", "/content")),
-                 "busBadRequest"},
-                {"a parameter of a wrong type", envelope("query", element("searchPath", "bus:nameValue", "")),
-                 "busBadRequest"},
-                {"an unknown type", envelope("query", element("searchPath", "bus:nothing", "")),
-                 "cmBadSearchPath"},
-                {"an unknown property", query(revenue, "noSuchProperty"), "busBadRequest"},
-                {"no end of elements", envelope("query", deep), "busBadRequest"},
-                {"no parameters", envelope("query", ""), "cmBadSearchPath"},
-                {"an operation not offered", envelope("ping", ""), "busNotOffered"},
-                {"a fault",
-                 "<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/soap/envelope/\"><e:Body><e:Fault>"
-                 "<e:faultcode>x</e:faultcode></e:Fault></e:Body></e:Envelope>",
-                 "busBadRequest"},
-                {"a path that is none", envelope("query", path("content")), "cmBadSearchPath"},
-                {"a closed folder", query("/content/folder[@name='Payroll']/*", "name"), "cmNoPermission"}};
-    }
-};
-
-TEST_F(BadRequests, GetAFaultWithTheirCodeAndTheConnectionGoesOn) {
+TEST_F(BusFixture, AnswersABadRequestWithItsCodeAndTheConnectionGoesOn) {
     Poco::Net::HTTPClientSession session("127.0.0.1", port());
     session.setKeepAlive(true);
-    for (const auto& bad : all()) {
-        const auto reply = send(session, "POST", "/", "text/xml", bad.body);
-        EXPECT_EQ(reply.status, 500) << bad.name;
-        EXPECT_THAT(reply.body, HasSubstr(std::string(">") + bad.code + "<")) << bad.name << "\n"
-                                                                              << reply.body;
+    for (const auto& row : mrl::test::table("bad_requests.txt")) {
+        const std::string body = row[2] == "bytes"  ? row[3]
+                                 : row[2] == "call" ? envelope(row[3], row[4])
+                                                    : query(row[3], row[4]);
+        const auto reply = send(session, "POST", "/", "text/xml", body);
+        EXPECT_EQ(reply.status, 500) << row[0];
+        EXPECT_THAT(reply.body, HasSubstr(">" + row[1] + "<")) << row[0] << "\n" << reply.body;
         const auto next = send(session, "POST", "/", "text/xml", query(revenue, "defaultName"), true);
-        EXPECT_EQ(next.status, 200) << "after " << bad.name << "\n" << next.body;
+        EXPECT_EQ(next.status, 200) << "after " << row[0] << "\n" << next.body;
     }
 }
 
@@ -209,18 +165,13 @@ TEST_F(BusFixture, OutlivesClientsThatSpeakNoHttp) {
 
 TEST_F(BusFixture, ServesManyClientsAtATime) {
     std::atomic<int> good{0};
-    std::vector<std::thread> clients;
-    for (int i = 0; i < 8; ++i)
-        clients.emplace_back([&] {
-            Poco::Net::HTTPClientSession session("127.0.0.1", port());
-            session.setKeepAlive(true);
-            for (int call = 0; call < 25; ++call)
-                if (send(session, "POST", "/", "text/xml", query("/content//report", "defaultName owner"))
-                        .status == 200)
-                    ++good;
-        });
-    for (auto& client : clients)
-        client.join();
+    mrl::test::inThreads(8, [&](int) {
+        Poco::Net::HTTPClientSession session("127.0.0.1", port());
+        session.setKeepAlive(true);
+        for (int call = 0; call < 25; ++call)
+            good += send(session, "POST", "/", "text/xml", query("/content//report", "defaultName owner"))
+                        .status == 200;
+    });
     EXPECT_EQ(good.load(), 8 * 25);
 }
 

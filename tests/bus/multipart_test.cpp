@@ -4,6 +4,7 @@
 #include "http/MultipartParts.h"
 #include "support/ChunkedStream.h"
 #include "support/Files.h"
+#include "support/Table.h"
 
 #include <gmock/gmock.h>
 
@@ -34,56 +35,18 @@ std::string partsOf(const std::string& body, std::size_t pieces) {
     return result;
 }
 
-struct Body {
-    const char* name;
-    std::string body;
-    const char* parts; // or what it is refused with
-};
-
-const std::string head = "--b1\nContent-Type: t\n\n";
-
 TEST(MultipartBodies, AreReadInPiecesOfEverySize) {
-    const Body bodies[] = {
-        {"two parts", "--b1\nContent-Type: a\n\none\n--b1\ncontent-TYPE:b\nContent-ID: <x>\n\ntwo\n--b1--\n",
-         "a|one;b|two"},
-        {"text in front and behind", "hello\n--b1 \t\nContent-Type: a\n\none\n--b1--\nbye\n--b1\n", "a|one"},
-        {"no line end at the end", head + "x\n--b1--", "t|x"},
-        {"nearly a delimiter inside", head + "\n--b\n\n-\r--b1\n--b1--", "t|\r\n--b\r\n\r\n-\r--b1"},
-        {"an empty part, and none", head + "\n--b1--", "t|"},
-        {"no part", "--b1--", ""},
-        {"bytes of all kinds", head + std::string("\0\xff\r", 3) + "\n--b1--", "t|"},
-    };
-    for (const Body& body : bodies)
-        for (const std::size_t pieces : {1, 2, 3, 7, 4096}) {
-            const std::string found = partsOf(crlf(body.body), pieces);
-            const bool binary = body.name == std::string("bytes of all kinds");
-            EXPECT_EQ(found, binary ? std::string("t|\0\xff\r", 5) : body.parts)
-                << body.name << ' ' << pieces;
-        }
+    for (const auto& row : mrl::test::table("multipart_bodies.txt"))
+        for (const std::size_t pieces : {1, 2, 3, 7, 4096})
+            EXPECT_EQ(partsOf(crlf(row[1]), pieces), row[2]) << row[0] << ' ' << pieces;
 }
 
 TEST(MultipartBodies, AreRefusedWhenTheyBreakTheirRules) {
-    std::string many;
-    for (int i = 0; i <= MultipartParts::maxParts; ++i)
-        many += head + "x\n";
-    const Body bodies[] = {
-        {"nothing", "", "ends without"},
-        {"no delimiter", "hello\n", "ends without"},
-        {"cut off in a part", head + "half", "ends without"},
-        {"cut off before the last dashes", head + "x\n--b1", "ends in the headers"},
-        {"cut off in a header", "--b1\nContent-Ty", "ends in the headers"},
-        {"a boundary that goes on", "--b12\n\nx\n--b1--", "part of the content"},
-        {"a header without a colon", "--b1\nhello\n\nx\n--b1--", "'Name: value'"},
-        {"a header twice", "--b1\nContent-Type: a\ncontent-type: b\n\nx\n--b1--", "twice"},
-        {"a control character", std::string("--b1\nA: \x01\n\nx\n--b1--"), "'Name: value'"},
-        {"endless headers", "--b1\nA: " + std::string(9000, 'x') + "\n\nx\n--b1--", "8192 bytes"},
-        {"endless parts", many + "--b1--", "1000 parts"},
-    };
-    for (const Body& body : bodies)
+    for (const auto& row : mrl::test::table("refused_multipart_bodies.txt"))
         for (const std::size_t pieces : {1, 4096})
-            EXPECT_THAT([&] { partsOf(crlf(body.body), pieces); },
-                        testing::ThrowsMessage<Unreadable>(testing::HasSubstr(body.parts)))
-                << body.name;
+            EXPECT_THAT([&] { partsOf(crlf(row[1]), pieces); },
+                        testing::ThrowsMessage<Unreadable>(testing::HasSubstr(row[2])))
+                << row[0];
     mrl::test::ChunkedStream in("", 1);
     for (const std::string& boundary : {std::string(), std::string(71, 'b'), std::string("a\r\n")})
         EXPECT_THROW(MultipartParts(in, boundary), Unreadable) << boundary;

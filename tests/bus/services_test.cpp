@@ -4,13 +4,12 @@
 #include "Session/MRLHelper.h"
 #include "soap/AttachedBytes.h"
 #include "soap/Refusal.h"
+#include "support/Bytes.h"
 #include "support/Environment.h"
 #include "support/Files.h"
 #include "support/TemporaryDirectory.h"
 
 #include "HBLCore/HBLByteBuffer.h"
-#include "PLQStreams/PLQGZIPOutputStream.h"
-#include "PLQStreams/PLQMemoryOutputStream.h"
 
 #include <gmock/gmock.h>
 
@@ -172,13 +171,8 @@ TEST_F(Services, KeepDocumentsThatComeAsAttachments) {
 
 TEST_F(Services, UnpackAttachmentsAndRefuseThoseThatGrowTooLarge) {
     const auto packed = [](std::size_t size) {
-        PLQMemoryOutputStream memory(1024, 1024);
-        PLQGZIPOutputStream gzip(memory);
-        const std::string bytes(size, 'x');
-        gzip.write(bytes.data(), bytes.size());
-        gzip.unWrap();
         return "Content-ID: <c@x>\r\nContent-Encoding: gzip\r\n\r\n" +
-               std::string(memory.bytes(), memory.length());
+               mrl::test::packed(std::string(size, 'x'));
     };
     EXPECT_THAT(postParts(addDocument(packed(65U << 20U))).body, HasSubstr(">busBadRequest<"));
     const AttachedBytes::Budget budget(4); // of all attachments together
