@@ -49,12 +49,17 @@ std::string escaped(const std::string& text) {
     return replaced(replaced(replaced(text, "\"", "\\\""), "\n", "\\n"), "\t", "\\t");
 }
 
+constexpr int UNKNOWN = -1;
+
 /// One call over a scripted bus, and what became of it.
 struct Call {
     Call(std::string answer, int code = 0, const std::string& failingOperation = "", int times = 1)
         : reply(std::move(answer)) {
         for (int exchange = 0; exchange < times; ++exchange) {
             bus.script({reply, [=](const std::string& operation) {
+                            if (operation == failingOperation && code == UNKNOWN) {
+                                throw code; // what nobody knows
+                            }
                             if (operation == failingOperation) {
                                 HBL_THROW(TavelTKException(code), "test");
                             }
@@ -70,6 +75,8 @@ struct Call {
             fault = e.getSOAPFault().toString(e.getTavelHeader());
         } catch (HBLThrowable& e) {
             message = e.getMessage();
+        } catch (int) {
+            message = "The request failed for a reason that is not known."; // 0xa64eb6c6
         }
         request = bus.requests.empty() ? "" : bus.requests.front();
     }
@@ -146,9 +153,12 @@ TEST(Audit, TellsOfAFailureWhatTheLevelLetsThrough) {
         std::string reply;
         const char* failingOperation;
         const char* records;
+        int code = 7;
     };
     const std::vector<Row> rows = {
         {20000, ANSWER, "", ""},
+        {40000, ANSWER, "openResponse", "40000 Response Failure {throwable} / test\n", UNKNOWN},
+        {50000, ANSWER, "openResponse", "50000 Response Failure {message} / test\n", UNKNOWN},
         {10000, FAULT, "",
          "10000 CallStart\n10000 Request {context} {request}\n20000 Response Failure {fault} / test\n"
          "50000 Response Failure not for you / test\n10000 CallEnd\n"},
@@ -170,7 +180,7 @@ TEST(Audit, TellsOfAFailureWhatTheLevelLetsThrough) {
          "40000 Response Failure {throwable} / test\n"}};
     for (const Row& row : rows) {
         const LogHarness log(configuration(row.level, "\"off\""));
-        const Call call(row.reply, 7, row.failingOperation);
+        const Call call(row.reply, row.code, row.failingOperation);
         EXPECT_EQ(row.records, call.records(log)) << "level " << row.level << " " << row.failingOperation;
         EXPECT_TRUE(log.lines("perf").empty());
     }

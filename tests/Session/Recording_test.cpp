@@ -336,7 +336,8 @@ TEST_F(Recording, IsAskedForByTheEnvironmentADirectoryForEachSession) {
 
     const Environment environment("/no/such/directory", "");
     expectFailure([&] { newSession(); }, msg::recordingDirectoryNotMade,
-                  {"/no/such/directory/session-0001", "No such file or directory"});
+                  {"/no/such/directory/session-0001", "No such file or directory"},
+                  "MRLSOAPSession::MRLSOAPSession");
 }
 
 } // namespace

@@ -60,7 +60,7 @@ TEST(XmlHelpers, ParseFromEverySourceAndTellWhereItFails) {
     PLQMemoryInputStream stream(bad.data(), bad.size());
     expectFailure([&] { MRLHelper::parseXML(stream, document); }, msg::malformedXmlDocument, {"2", "6"});
     expectFailure([&] { MRLHelper::parseXML(file.path.c_str(), document); }, msg::malformedXmlFile,
-                  {file.path, "2", "6"});
+                  {file.path, "2", "6"}, "MRLHelper::parseXML");
     expectFailure([&] { MRLHelper::parseXML("/no/such.xml", document); }, msg::malformedXmlFile,
                   {"/no/such.xml", "0", "0"});
     expectAssert([&] { MRLHelper::parseXML(nullptr, 1, document); }, "HBL_ASSERT(buffer);");

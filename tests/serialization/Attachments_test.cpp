@@ -182,7 +182,8 @@ TEST(Attachments, ADamagedOrEndlessPackedPartEndsTheReply) {
         },
         msg::malformedXml,
         {"The bytes unpacked from attachments for each byte received exceed the limit of 200 "
-         "(MRLReaderLimits::unpackedRatio)."});
+         "(MRLReaderLimits::unpackedRatio)."},
+        "MRLSOAPMessageIDeserializer::parse");
 }
 
 TEST(Attachments, TenThousandPartsServeTenThousandReferences) {

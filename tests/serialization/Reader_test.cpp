@@ -103,6 +103,10 @@ INSTANTIATE_TEST_SUITE_P(
         Asserted{"TypeOfEndlessLength", replyWith("<q i:type='b:" + std::string(300, 'a') + "'/>"),
                  "HBL_ASSERT_NAMED(type.size() < NAME_LIMIT, \"The default buffer size needs to be "
                  "increased.\");"},
+        Asserted{"ArrayTypeOfEndlessLength",
+                 replyWith("<q i:type='enc:Array' enc:arrayType='b:" + std::string(300, 'a') + "[1]'/>"),
+                 "HBL_ASSERT_NAMED(name.size() < NAME_LIMIT, \"The default buffer size needs to be "
+                 "increased.\");"},
         Asserted{"TypeBeginsWithColon", replyWith("<q i:type=':a'/>"), "HBL_ASSERT(colonPos > 0);"},
         Asserted{"UnknownParameterWithoutType", replyWith("<q i:nil='true'/><more/>"),
                  "HBL_ASSERT(m_objStack.size() > 0);"},
@@ -169,7 +173,8 @@ TEST(Reader, TypesAreTakenFromTheirPlaceWhenTheElementDoesNotTell) {
 
 TEST(Reader, AnArrayTypeOfAnotherNamespaceCountsForNothingAndSizesAreNotBelieved) {
     Call call(Request::eMRLContentQueryTenantMembership_Request);
-    call.read(replyWith("<q i:type='enc:Array' enc:arrayType='x:string[4000000000]'>"
+    call.read(replyWith("<q i:type='enc:Array' enc:arrayType='x:string[" + std::string(300, '4') +
+                        "]'>"
                         "<item i:type='x:string'>a</item><item>b</item></q>"));
     MRLStringArray& result = *static_cast<MRLContentQueryTenantMembership_Reply&>(call.reply()).getResult();
     ASSERT_EQ(result.size(), 2U);
@@ -308,7 +313,7 @@ TEST(Reader, ARequestThatNoServiceTakesIsRefused) {
                   {"go", "urn:o"}, "MRLMessageIContentHandler::characters");
     const char* const ours = "http://developer.vantor.example/schemas/contentManagerService/1";
     expectFailure([&] { read(envelopeOf("<s:Body><o:go xmlns:o='" + std::string(ours) + "'/></s:Body>")); },
-                  0xa64112c6, {"go", "contentManagerService"});
+                  0xa64112c6, {"go", "contentManagerService"}, "MRLPortTypeI::createPortTypeBinding");
     expectAssert([&] { read(envelopeOf("<s:Body/>")); }, "HBL_ASSERT(m_boundPortType);");
     EXPECT_FALSE(binding);
     read(golden("query_request.xml")); // the reader is usable after each of them
