@@ -188,6 +188,20 @@ INSTANTIATE_TEST_SUITE_P(
                              way.session.setPlaybackBaseDir(way.files.path().c_str());
                              way.callback = &s_service;
                          }},
+                    Path{"recorded_denial", // which takes a number of its own
+                         [](Way& way) {
+                             attach(way, way.plain, false, "one");
+                             way.session.setRecordingBaseDir(way.files.path().c_str());
+                             way.trusted = MRLSOAPSession::eMRLSOAPTrustedOnDenial;
+                             way.bus.answer(fault("cmNoWrite"));
+                             way.bus.answer(answer("cm"));
+                         }},
+                    Path{"retried_fault",
+                         [](Way& way) {
+                             way.fail("openEnvelope(reply)", 6);
+                             way.bus.answer(fault("cmNoRead"));
+                         }},
+                    Path{"malformed", [](Way& way) { way.bus.answer("<half"); }},
                     Path{"fault", [](Way& way) { way.bus.answer(fault("cmNoRead")); }},
                     Path{"transport_failure", [](Way& way) { way.fail("openEnvelope(reply)", 7); }},
                     Path{"send_failure", [](Way& way) { way.fail("closeEnvelope", 6); }}),
