@@ -152,18 +152,29 @@ TEST(Request, ThatItsWriterGaveUpNeverPassesForAWholeOne) {
 
 TEST(Request, EchoFileHoldsBothDirectionsAndIsPrivate) {
     const auto file = std::filesystem::temp_directory_path() / ("mrl_echo_" + std::to_string(::getpid()));
-    ScriptedPeer peer({{reply("<r/>")}});
+    const auto echoed = [&] {
+        std::ifstream in(file, std::ios::binary);
+        return std::string{std::istreambuf_iterator<char>(in), {}};
+    };
+    ScriptedPeer peer({{reply("<r/>")}, {reply("<r/>")}, {reply("<r/>")}});
     Toolkit toolkit;
-    {
-        const SessionPtr exchange = session(*toolkit.factory, peer.url());
-        exchange->echo(file.c_str(), "wb", 1);
-        sendEnvelope(*exchange, "<e/>");
-        receiveEnvelope(*exchange);
+    std::size_t call = 0;
+    for (const int flushEach : {1, 0, 1}) { // the first makes the file, the others replace a longer one
+        {
+            const SessionPtr exchange = session(*toolkit.factory, peer.url());
+            exchange->echo(file.c_str(), "wb", flushEach);
+            sendEnvelope(*exchange, "<e/>");
+            if (flushEach) {
+                EXPECT_TRUE(echoed().ends_with("<e/>")) << "nothing of an older reply stands behind it";
+            }
+            receiveEnvelope(*exchange);
+        }
+        EXPECT_EQ(echoed(), peer.request(call++) + reply("<r/>"));
+        EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms(0600));
+        std::ofstream(file, std::ios::app) << std::string(100000, 'x');
     }
-    std::ifstream in(file, std::ios::binary);
-    const std::string echoed{std::istreambuf_iterator<char>(in), {}};
-    EXPECT_EQ(echoed, peer.request(0) + reply("<r/>"));
-    EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms(0600));
+    session(*toolkit.factory, peer.url())->echo(file.c_str(), "wb", 1);
+    EXPECT_EQ(std::filesystem::file_size(file), 0u);
     std::filesystem::remove(file);
 
     const SessionPtr exchange = session(*toolkit.factory, peer.url());

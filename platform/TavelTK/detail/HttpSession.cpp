@@ -36,7 +36,8 @@ void HttpSession::setProperty(const std::string& name, const std::string& value)
 }
 
 void HttpSession::echo(const char* fileName, const char* mode, int flag) {
-    hblRethrowing("TavelTKSession::echo", [&] { m_wire.echoTo(EchoFile(fileName, mode, flag != 0)); });
+    hblRethrowing("TavelTKSession::echo",
+                  [&] { m_wire.echoTo(std::make_unique<EchoFile>(fileName, mode, flag != 0)); });
 }
 
 TavelTKMessageWriter& HttpSession::openRequest(int hasAttachments) {

@@ -53,11 +53,14 @@ void Wire::hurry(milliseconds left) {
     m_end = std::min(m_end, m_surroundings.clock.now() + left);
 }
 
-Limit Wire::limit(std::int64_t step, const char* property) const {
-    const TimePoint stepEnd = m_surroundings.clock.now() + milliseconds(step);
-    if (step > 0 && stepEnd < m_end)
-        return {stepEnd, std::to_string(step) + " ms have passed (" + property + ")"};
-    return {m_end, "the exchange's time limit of " + std::to_string(m_timeLimit) + " s has passed"};
+TimePoint Wire::endOf(std::int64_t step) const {
+    return step > 0 ? std::min(m_end, m_surroundings.clock.now() + milliseconds(step)) : m_end;
+}
+
+std::string Wire::whyAt(TimePoint end, std::int64_t step, const char* property) const {
+    if (end < m_end)
+        return std::to_string(step) + " ms have passed (" + property + ")";
+    return "the exchange's time limit of " + std::to_string(m_timeLimit) + " s has passed";
 }
 
 void Wire::fail(TavelTKError error, TavelTKPhase phase, std::string_view cause,
@@ -80,7 +83,9 @@ void Wire::connect() {
     m_connection = m_surroundings.pool.take(m_route->poolKey, m_surroundings.clock.now());
     if (m_connection)
         return;
-    Connector connector(*m_route, m_options, limit(m_options.connectTimeLimit, "connect-time-limit"),
+    const TimePoint end = endOf(m_options.connectTimeLimit);
+    Connector connector(*m_route, m_options,
+                        {end, whyAt(end, m_options.connectTimeLimit, "connect-time-limit")},
                         m_surroundings.clock, m_surroundings.tls);
     m_connection = connector.connect();
 }
@@ -121,10 +126,11 @@ void Wire::send(std::string_view bytes) {
     if (m_echo)
         echoSent(bytes);
     while (!bytes.empty()) {
-        const Limit limit = this->limit(m_options.sendTimeLimit, "send-time-limit");
-        const IoResult sent = m_connection->send(bytes, limit.until, m_surroundings.clock);
+        const TimePoint end = endOf(m_options.sendTimeLimit);
+        const IoResult sent = m_connection->send(bytes, end, m_surroundings.clock);
         if (sent.status == IoResult::timedOut)
-            fail(TavelTKError::sendTimedOut, TavelTKPhase::send, limit.text);
+            fail(TavelTKError::sendTimedOut, TavelTKPhase::send,
+                 whyAt(end, m_options.sendTimeLimit, "send-time-limit"));
         if (sent.status != IoResult::done)
             failSending(sent);
         bytes.remove_prefix(sent.count);
@@ -133,10 +139,11 @@ void Wire::send(std::string_view bytes) {
 
 std::size_t Wire::receive(char* buffer, std::size_t size) {
     HBL_ASSERT(m_connection);
-    const Limit limit = this->limit(m_options.receiveTimeLimit, "receive-time-limit");
-    const IoResult received = m_connection->receive(buffer, size, limit.until, m_surroundings.clock);
+    const TimePoint end = endOf(m_options.receiveTimeLimit);
+    const IoResult received = m_connection->receive(buffer, size, end, m_surroundings.clock);
     if (received.status == IoResult::timedOut)
-        fail(TavelTKError::receiveTimedOut, receivingPhase(), limit.text);
+        fail(TavelTKError::receiveTimedOut, receivingPhase(),
+             whyAt(end, m_options.receiveTimeLimit, "receive-time-limit"));
     return take(received, buffer);
 }
 

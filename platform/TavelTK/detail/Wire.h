@@ -43,7 +43,7 @@ public:
     const std::string& peer() const { return m_peer; }
     SessionOptions& options() { return m_options; }
     std::string newToken() const { return m_surroundings.newToken(); }
-    void echoTo(EchoFile&& file) { m_echo = std::make_unique<EchoFile>(std::move(file)); }
+    void echoTo(std::unique_ptr<EchoFile> file) { m_echo = std::move(file); }
 
     /// The exchange's time runs from here, and its properties stay as they are.
     void start();
@@ -80,7 +80,10 @@ private:
     std::size_t take(const IoResult& received, const char* buffer);
     [[noreturn]] void failSending(const IoResult& sent);
     void echoSent(std::string_view bytes);
-    Limit limit(std::int64_t step, const char* property) const;
+    /// When a step that may take `step` milliseconds (0: as long as the exchange) is given up.
+    TimePoint endOf(std::int64_t step) const;
+    /// The words for having come there. @param property the one that limits the step
+    std::string whyAt(TimePoint end, std::int64_t step, const char* property) const;
     TavelTKPhase receivingPhase() const {
         return m_received ? TavelTKPhase::readReply : TavelTKPhase::awaitReply;
     }
