@@ -6,12 +6,14 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace mrl::detail {
 
 namespace {
 
 constexpr std::string_view s_rootId = "envelope@mrl";
+constexpr std::size_t s_gatherSize = 65536;
 constexpr std::string_view s_xmlType = "text/xml; charset=utf-8";
 
 /// The bytes of a part are sent as they are; these tell how the host has coded them, anything else that is
@@ -165,16 +167,16 @@ void HttpMessageWriter::put(std::string_view bytes) {
     }
 }
 
-void HttpMessageWriter::startSending(const std::string& framing, std::string_view body) {
+void HttpMessageWriter::startSending(const std::string& framing) {
     try {
-        sendHead(framing, body);
+        sendHead(framing);
     } catch (...) {
         m_state = State::abandoned; // what the host's handlers close must not start again
         throw;
     }
 }
 
-void HttpMessageWriter::sendHead(const std::string& framing, std::string_view body) {
+void HttpMessageWriter::sendHead(const std::string& framing) {
     const std::string type = m_boundary.empty()
                                  ? std::string(s_xmlType)
                                  : "multipart/related; type=\"text/xml\"; start=\"<" + std::string(s_rootId) +
@@ -191,17 +193,27 @@ void HttpMessageWriter::sendHead(const std::string& framing, std::string_view bo
         return;
     if (m_wire.options().sendContentLength == 0) {
         m_chunks.emplace(m_wire, head, static_cast<std::size_t>(m_wire.options().chunkSize));
-        m_chunks->write(body);
+        m_held.drain([this](std::string_view block) { m_chunks->write(block); });
         return;
     }
-    // One packet for what fits into a few; a large body is sent from where it is.
-    if (body.size() <= 65536) {
-        m_wire.send(head.append(body));
-    } else {
+    sendHeld(std::move(head));
+}
+
+// What fits into a few packets goes out in one piece with the head, for a peer to wake up once.
+void HttpMessageWriter::sendHeld(std::string head) {
+    const auto sendGathered = [&] {
         if (!head.empty())
-            m_wire.send(head);
-        m_wire.send(body);
-    }
+            m_wire.send(std::exchange(head, {}));
+    };
+    m_held.drain([&](std::string_view block) {
+        if (head.size() + block.size() > s_gatherSize)
+            sendGathered();
+        if (block.size() >= s_gatherSize)
+            m_wire.send(block);
+        else
+            head.append(block);
+    });
+    sendGathered();
 }
 
 // A peer that knows nothing of expectations is silent, and gets the body after a while.
@@ -220,13 +232,12 @@ void HttpMessageWriter::awaitConsent() {
 
 void HttpMessageWriter::startMultipart() {
     m_boundary = "mrl-" + m_id;
-    std::string envelope;
-    envelope.swap(m_held);
+    HeldBytes envelope = std::exchange(m_held, {});
     if (m_wire.options().sendContentLength == 0)
-        startSending("Transfer-Encoding: chunked\r\n", {});
+        startSending("Transfer-Encoding: chunked\r\n");
     put("--" + m_boundary);
     startPart(s_xmlType, "Content-Transfer-Encoding: binary\r\n", s_rootId);
-    put(envelope);
+    envelope.drain([this](std::string_view block) { put(block); });
 }
 
 void HttpMessageWriter::startPart(std::string_view contentType, std::string_view furtherHeaders,
@@ -253,9 +264,9 @@ void HttpMessageWriter::send() {
     if (!m_boundary.empty())
         put("\r\n--" + m_boundary + "--\r\n");
     if (m_wire.options().sendContentLength != 0)
-        startSending("Content-Length: " + std::to_string(m_held.size()) + "\r\n", m_held);
+        startSending("Content-Length: " + std::to_string(m_held.size()) + "\r\n");
     else if (!m_chunks && !m_earlyReply)
-        startSending("Transfer-Encoding: chunked\r\n", m_held);
+        startSending("Transfer-Encoding: chunked\r\n");
     if (m_chunks)
         m_chunks->finish();
     m_chunks.reset();

@@ -3,6 +3,7 @@
 #include "PLQStreams/PLQOutputStream.h"
 #include "TavelTK/TavelTKMessageWriter.h"
 #include "TavelTK/detail/ChunkedOutput.h"
+#include "TavelTK/detail/HeldBytes.h"
 #include "TavelTK/detail/ReplyHead.h"
 
 #include <exception>
@@ -67,11 +68,11 @@ private:
     void write(std::string_view bytes);
     void put(std::string_view bytes);
     void send();
-    void startChunks();
     void startMultipart();
     void startPart(std::string_view contentType, std::string_view furtherHeaders, std::string_view contentId);
-    void startSending(const std::string& framing, std::string_view body);
-    void sendHead(const std::string& framing, std::string_view body);
+    void startSending(const std::string& framing);
+    void sendHead(const std::string& framing);
+    void sendHeld(std::string head);
     void awaitConsent();
     std::string_view clean(const char* text, std::string_view what, bool mayQuote = false) const;
     std::string cleanHeaders(const char* headers) const;
@@ -91,7 +92,7 @@ private:
     Stream m_stream{*this};
     std::string m_soapAction;
     std::string m_boundary; // empty while the request is no multipart
-    std::string m_held;
+    HeldBytes m_held;
     std::optional<ChunkedOutput> m_chunks;
     std::optional<ReplyHead> m_earlyReply;
     std::unordered_set<std::string> m_contentIds;
