@@ -4,9 +4,10 @@
 #include "logipf2/LOGObject.h"
 #include "logipf2/detail/LogClock.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
-#include <cstdio>
+#include <type_traits>
 #include <unistd.h>
 #include <utility>
 
@@ -38,19 +39,24 @@ void appendEscape(std::string& out, char32_t c) {
     }
 }
 
-/// A character of ASCII that is not written as it is.
-void appendAscii(std::string& out, char c) {
-    switch (c) {
-    case '"': out += "\\\""; break;
-    case '\\': out += "\\\\"; break;
-    case '\b': out += "\\b"; break;
-    case '\f': out += "\\f"; break;
-    case '\n': out += "\\n"; break;
-    case '\r': out += "\\r"; break;
-    case '\t': out += "\\t"; break;
-    default: appendEscape(out, static_cast<unsigned char>(c));
+/// How each character of ASCII is written: 0 as it is, a letter with a backslash before it, NUMBERED by its
+/// number.
+constexpr char NUMBERED = 1;
+constexpr std::array<char, 0x80> ASCII_FORMS = [] {
+    std::array<char, 0x80> forms{};
+    for (std::size_t c = 0; c < 0x20; ++c) {
+        forms[c] = NUMBERED;
     }
-}
+    forms[0x7F] = NUMBERED;
+    forms['"'] = '"';
+    forms['\\'] = '\\';
+    forms['\b'] = 'b';
+    forms['\f'] = 'f';
+    forms['\n'] = 'n';
+    forms['\r'] = 'r';
+    forms['\t'] = 't';
+    return forms;
+}();
 
 void appendUtf8(std::string& out, char32_t c) {
     const auto put = [&](char32_t byte) { out += static_cast<char>(static_cast<unsigned char>(byte)); };
@@ -68,40 +74,33 @@ void appendUtf8(std::string& out, char32_t c) {
     put(0x80 | (c & 0x3F));
 }
 
-constexpr bool isPlain(char16_t unit) {
-    return unit >= 0x20 && unit < 0x7F && unit != u'"' && unit != u'\\';
-}
-
-/// How many units at the front are written as they are: all but a few of what is logged.
-std::size_t plainRun(std::u16string_view text) {
-    std::size_t length = 0;
-    while (length < text.size() && isPlain(text[length])) {
-        ++length;
-    }
-    return length;
-}
-
-/// Appends the first character of `text`, which is not a plain one.
+/// Appends the first character of `text`, which is none of those that `quoted` writes itself.
 /// @return its units.
 std::size_t appendOther(std::string& out, std::u16string_view text) {
     char32_t c = text[0];
     std::size_t units = 1;
-    if (c < 0x80) {
-        appendAscii(out, static_cast<char>(c));
-        return units;
-    }
     if (isHighSurrogate(c) && text.size() > 1 && isLowSurrogate(text[1])) {
         c = 0x10000 + ((c - 0xD800) << 10) + (text[1] - 0xDC00u);
         units = 2;
     } else if (isHighSurrogate(c) || isLowSurrogate(c)) {
         c = REPLACEMENT;
     }
-    if (isTreacherous(c)) {
+    if (c < 0x80 || isTreacherous(c)) {
         appendEscape(out, c);
     } else {
         appendUtf8(out, c);
     }
     return units;
+}
+
+/// The same for a text that is all ASCII.
+std::size_t appendOther(std::string& out, std::string_view text) {
+    appendEscape(out, static_cast<unsigned char>(text[0]));
+    return 1;
+}
+
+bool isAscii(std::string_view text) {
+    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 /// "2026-11-21T06:05:04.123456Z", without the C library's conversions: they lock, and read the time zone.
@@ -111,13 +110,20 @@ std::string timeText(std::int64_t microseconds) {
     const auto day = floor<days>(time);
     const year_month_day date(day);
     const hh_mm_ss<std::chrono::microseconds> clock(time - day);
-    std::array<char, 40> text{};
-    const int length = std::snprintf(
-        text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02d.%06dZ", static_cast<int>(date.year()),
-        static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
-        static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
-        static_cast<int>(clock.seconds().count()), static_cast<int>(clock.subseconds().count()));
-    return {text.data(), static_cast<std::size_t>(length)};
+    std::string text = "0000-00-00T00:00:00.000000Z";
+    const auto put = [&text](std::size_t last, std::int64_t value) { // over the zeros that end there
+        for (; value > 0; value /= 10) {
+            text[last--] = static_cast<char>('0' + value % 10);
+        }
+    };
+    put(3, static_cast<int>(date.year()));
+    put(6, static_cast<unsigned>(date.month()));
+    put(9, static_cast<unsigned>(date.day()));
+    put(12, clock.hours().count());
+    put(15, clock.minutes().count());
+    put(18, clock.seconds().count());
+    put(25, clock.subseconds().count());
+    return text;
 }
 
 void head(JsonLine& line, std::string_view logger, std::string_view type, int level) {
@@ -150,7 +156,12 @@ void JsonLine::text(const char* field, const I18NString& value) {
 }
 
 void JsonLine::utf8(const char* field, std::string_view value) {
-    text(field, I18NString(value));
+    if (isAscii(value)) {
+        name(field);
+        quoted(value);
+    } else {
+        text(field, I18NString(value));
+    }
 }
 
 void JsonLine::number(const char* field, std::int64_t value) {
@@ -174,21 +185,36 @@ std::string JsonLine::finish() {
     return std::move(m_line);
 }
 
-void JsonLine::quoted(std::u16string_view text) {
+template <class Unit>
+void JsonLine::quoted(std::basic_string_view<Unit> text) {
     m_line.reserve(m_line.size() + text.size() + text.size() / 8 + 16);
     m_line += '"';
+    std::array<char, 256> piece; // of what is written as it is, or with a backslash
+    std::size_t filled = 0;
+    const auto flush = [&] {
+        m_line.append(piece.data(), filled);
+        filled = 0;
+    };
     for (std::size_t i = 0; i < text.size();) {
-        if (const std::size_t plain = plainRun(text.substr(i)); plain > 0) {
-            std::size_t at = m_line.size();
-            m_line.resize(at + plain);
-            for (const char16_t unit : text.substr(i, plain)) {
-                m_line[at++] = static_cast<char>(unit);
-            }
-            i += plain;
-        } else {
-            i += appendOther(m_line, text.substr(i));
+        if (filled + 2 > piece.size()) {
+            flush();
         }
+        const Unit unit = text[i];
+        const char form = static_cast<std::make_unsigned_t<Unit>>(unit) < ASCII_FORMS.size()
+                              ? ASCII_FORMS[static_cast<std::make_unsigned_t<Unit>>(unit)]
+                              : NUMBERED;
+        if (form == NUMBERED) {
+            flush();
+            i += appendOther(m_line, text.substr(i));
+            continue;
+        }
+        if (form != 0) {
+            piece[filled++] = '\\';
+        }
+        piece[filled++] = form != 0 ? form : static_cast<char>(unit);
+        ++i;
     }
+    flush();
     m_line += '"';
 }
 

@@ -27,7 +27,8 @@ public:
 
 private:
     void name(const char* name);
-    void quoted(std::u16string_view text);
+    template <class Unit>
+    void quoted(std::basic_string_view<Unit> text);
 
     std::string m_line = "{";
     bool m_first = true; // no field in the open group yet
