@@ -1,15 +1,13 @@
 // A document on each of its stores, copied to each of its targets; and each file operation failing once.
 #include "DocumentFixture.h"
 #include "Session/MRLDocumentOutput.h"
+#include "support/Bytes.h"
 #include "support/Files.h"
 
 #include "HBLCore/HBLByteBuffer.h"
 #include "HBLCore/HBLFmFile.h"
 #include "HBLCore/HBLSmartPointer.h"
 #include "HBLCore/I18NString.h"
-#include "PLQStreams/PLQGZIPInputStream.h"
-#include "PLQStreams/PLQMemoryInputStream.h"
-#include "PLQStreams/PLQMemoryOutputStream.h"
 #include "PLQStreams/PLQStreamError.h"
 
 #include <gtest/gtest.h>
@@ -22,22 +20,14 @@ using mrl::test::bytesOfFile;
 using mrl::test::Documents;
 using mrl::test::FailingStep;
 using mrl::test::FullDisk;
+using mrl::test::unpacked;
+using mrl::test::written;
 
 namespace {
 
-std::string unpacked(const std::string& bytes) {
-    PLQMemoryInputStream in(bytes.data(), bytes.size());
-    PLQGZIPInputStream gzip(in);
-    HBLByteBuffer all;
-    gzip.readFully(all, 1 << 20);
-    return std::string(all.view());
-}
-
 /// Copies to a stream, and checks that every other way out gives the same.
 std::string copied(MRLDocumentOutput& document, const std::string& directory) {
-    PLQMemoryOutputStream stream(1, 1);
-    document >> stream;
-    const std::string bytes(stream.bytes(), stream.length());
+    const std::string bytes = written([&](PLQOutputStream& out) { document >> out; });
     HBLByteBuffer buffer;
     buffer.append("older");
     document >> buffer;
@@ -115,9 +105,7 @@ TEST_P(Output, IsWholeOrFailsHoweverItsFileFails) {
                 MRLDocumentOutput document;
                 document.init(GetParam().ostream, GetParam().compress);
                 fill(document, bytes);
-                PLQMemoryOutputStream out(1, 1);
-                document >> out;
-                outcome.assign(out.bytes(), out.length());
+                outcome = written([&](PLQOutputStream& out) { document >> out; });
                 outcome = GetParam().compress != 0 ? unpacked(outcome) : outcome;
             } catch (PLQStreamError&) {
                 failed = true;

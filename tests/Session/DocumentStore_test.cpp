@@ -1,5 +1,6 @@
 // The store under a document: memory, then a file, and every way that the file can fail.
 #include "DocumentFixture.h"
+#include "support/Threads.h"
 
 #include "PLQStreams/PLQStreamError.h"
 
@@ -10,8 +11,6 @@
 #include <random>
 #include <set>
 #include <sys/stat.h>
-#include <thread>
-#include <vector>
 
 namespace fs = std::filesystem;
 using mrl::test::bytesOf;
@@ -235,23 +234,17 @@ TEST(DocIo, KeepsItsBufferBeyondTerminateAndNeverSharesItWithASizeOfLater) {
 
 TEST(DocIo, SharesItsPoolBetweenThreads) {
     const Documents documents;
-    std::vector<std::thread> threads;
-    for (int t = 0; t < 8; ++t) {
-        threads.emplace_back([t] {
-            for (int i = 0; i < 100; ++i) {
-                MRLDocIo::initialize();
-                MRLDocIo io;
-                io.init(0);
-                const std::string bytes(i % 10 == 0 ? 1500 : 500, static_cast<char>('a' + t));
-                write(io, bytes);
-                EXPECT_EQ(readBack(io), bytes);
-                MRLDocIo::terminate();
-            }
-        });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
+    mrl::test::inThreads(8, [](int t) {
+        for (int i = 0; i < 100; ++i) {
+            MRLDocIo::initialize();
+            MRLDocIo io;
+            io.init(0);
+            const std::string bytes(i % 10 == 0 ? 1500 : 500, static_cast<char>('a' + t));
+            write(io, bytes);
+            EXPECT_EQ(readBack(io), bytes);
+            MRLDocIo::terminate();
+        }
+    });
     EXPECT_EQ(documents.files(), 0U);
 }
 

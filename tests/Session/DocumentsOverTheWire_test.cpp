@@ -10,10 +10,10 @@
 #include "Toolkit/MRLContentQuery_Reply.h"
 #include "Toolkit/MRLDocumentContent.h"
 #include "Toolkit/MRLTavelHeader.h"
+#include "support/Bytes.h"
 #include "support/ScriptedPeer.h"
 
 #include "HBLCore/HBLSmartPointer.h"
-#include "PLQStreams/PLQMemoryOutputStream.h"
 #include "PLQStreams/PLQStreamError.h"
 #include "TavelTK/TavelTKException.h"
 
@@ -102,9 +102,7 @@ TEST(DocumentsOverTheWire, ComeInAsStreamsAndLeaveTheirFileWithTheReply) {
         ASSERT_NE(data, nullptr);
         EXPECT_EQ(documents.files(), 1U);
         for (int twice = 0; twice < 2; ++twice) {
-            PLQMemoryOutputStream out(1, 1);
-            *data >> out;
-            EXPECT_EQ(std::string(out.bytes(), out.length()), large);
+            EXPECT_EQ(mrl::test::written([&](PLQOutputStream& out) { *data >> out; }), large);
         }
     }
     EXPECT_EQ(documents.files(), 0U);

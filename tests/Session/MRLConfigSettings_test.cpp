@@ -4,16 +4,15 @@
 #include "support/Failure.h"
 #include "support/Files.h"
 #include "support/Table.h"
+#include "support/Threads.h"
+#include "support/Xml.h"
 
 #include "HBLCFGAPI/HBLConfigurationError.h"
-#include "HBLIDOM/HBLIDOM.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 #include <sstream>
-#include <thread>
-#include <vector>
 
 using Settings = MRLConfigSettings;
 
@@ -129,11 +128,7 @@ TEST(MRLConfigSettings, AreOneSnapshotUntilTheyAreDeleted) {
         EXPECT_THROW(Settings::getInstance("RENQ"), HBLConfigurationError);
     }
     const Read first(advanced("RENQ.VIRTUAL.MAPPINGMODE", "DIRECT"));
-    std::vector<std::jthread> threads;
-    for (int i = 0; i < 4; ++i) {
-        threads.emplace_back([&] { EXPECT_EQ(&Settings::getInstance("MRL"), first.operator->()); });
-    }
-    threads.clear();
+    mrl::test::inThreads(4, [&](int) { EXPECT_EQ(&Settings::getInstance("MRL"), first.operator->()); });
     Settings::deleteInstance();
     EXPECT_EQ(Settings::getInstance("MRL").getVirtualMappingMode(), 1);
 }
@@ -141,8 +136,7 @@ TEST(MRLConfigSettings, AreOneSnapshotUntilTheyAreDeleted) {
 TEST(MRLConfigSettings, FindTheFirstChildByNameNamespaceAndAttribute) {
     const std::string xml = "<r xmlns:a='urn:a'><d><p n='1' id='deep'/></d>x<p n='0'/><p n='1' id='plain'/>"
                             "<a:p n='1' id='spaced'/></r>";
-    HBLIDOM_Document document;
-    ASSERT_EQ(HBLIDOM_Parser().parse(xml.data(), xml.size(), document), 1);
+    const HBLIDOM_Document document = mrl::test::parsed(xml);
     const auto find = [&](const I18NString* space, const char* value) {
         return Settings::findChildElementWithAttributeNS(document.getDocumentElement(), space, "p", "n",
                                                          value);

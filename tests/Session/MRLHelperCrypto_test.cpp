@@ -13,16 +13,13 @@
 #include "support/Failure.h"
 #include "support/FakeBus.h"
 #include "support/KeyStore.h"
+#include "support/Threads.h"
 
 #include "HBLCore/HBLBase64.h"
 #include "HBLCore/HBLByteBuffer.h"
 #include "HBLCore/HBLSmartPointer.h"
-#include "HBLIDOM/HBLIDOM.h"
-#include "ZORCrypto/HBLZORCookie.h"
 #include "ZORCrypto/ZORKeyStore.h"
 #include "ZORCrypto/ZORTrustedReader.h"
-
-#include <thread>
 
 namespace {
 
@@ -107,20 +104,6 @@ TEST_F(CryptoGateway, BelievesASecureStateThatWasIssuedForThePassport) {
     MRLProperty::deleteInstance();
 }
 
-TEST_F(CryptoGateway, TakesTheAccessBlockOnlyOutOfACookieThatWasSignedHere) {
-    const HBLSmartPointer<MRLObjectRegistryI> registry(MRLObjectRegistry::create());
-    const HBLZORCookie cookie =
-        HBLZORCookie::fromXMLString("<bus:ZOR xmlns:bus=\"http://developer.vantor.example/schemas/tavel/3/\" "
-                                    "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
-                                    "xsi:type=\"bus:ZOR\"><bus:action>logon</bus:action></bus:ZOR>",
-                                    std::chrono::minutes(1));
-    const MRLZOR* const access = MRLHelper::getMRLZORFromZORCookie(cookie.getValue().c_str(), registry.get());
-    ASSERT_NE(access, nullptr);
-    EXPECT_STREQ(access->getAction(), "logon");
-    const std::string forged = cookie.getValue().substr(0, cookie.getValue().size() - 4) + "AAAA";
-    EXPECT_THROW(MRLHelper::getMRLZORFromZORCookie(forged.c_str(), registry.get()), ZORError);
-}
-
 std::string encoded(const std::string& clear) {
     HBLByteBuffer out(1, 64, 64);
     MRLHelper::encryptAndEncode(clear.data(), clear.size(), SERVICE, out);
@@ -182,26 +165,22 @@ TEST_F(CryptoGateway, SaysInTheBackTraceWhyItCannotProtect) {
 }
 
 TEST_F(CryptoGateway, ServesSixteenThreadsWithOneHandleForEachPurposeWhileKeysRotate) {
-    std::vector<std::thread> threads;
-    for (int t = 0; t < 16; ++t)
-        threads.emplace_back([t] {
-            const std::string text(static_cast<std::size_t>(100 * t + 1), static_cast<char>('a' + t));
-            for (int i = 0; i < 10; ++i) {
-                HBLByteBuffer out(1, 64, 64);
-                MRLHelper::encrypt(text.data(), text.size(), SERVICE, out);
-                std::string clear;
-                EXPECT_EQ(MRLHelper::decrypt(out.str(), out.pcount(), SERVICE, clear), 1);
-                EXPECT_EQ(clear, text);
-                MRLHelper::signSpecification(text.data(), text.size(), SERVICE, out);
-                const char* signature = nullptr;
-                EXPECT_EQ(MRLHelper::verifySpecSignature(out.str(), out.pcount(), SERVICE, signature), 1);
-                MRLHelper::encryptTrusted(text.data(), text.size(), SERVICE, out);
-                if (t + i == 8)
-                    ZORKeyStore::rotate(ZORKeyStore::location());
-            }
-        });
-    for (std::thread& thread : threads)
-        thread.join();
+    mrl::test::inThreads(16, [](int t) {
+        const std::string text(static_cast<std::size_t>(100 * t + 1), static_cast<char>('a' + t));
+        for (int i = 0; i < 10; ++i) {
+            HBLByteBuffer out(1, 64, 64);
+            MRLHelper::encrypt(text.data(), text.size(), SERVICE, out);
+            std::string clear;
+            EXPECT_EQ(MRLHelper::decrypt(out.str(), out.pcount(), SERVICE, clear), 1);
+            EXPECT_EQ(clear, text);
+            MRLHelper::signSpecification(text.data(), text.size(), SERVICE, out);
+            const char* signature = nullptr;
+            EXPECT_EQ(MRLHelper::verifySpecSignature(out.str(), out.pcount(), SERVICE, signature), 1);
+            MRLHelper::encryptTrusted(text.data(), text.size(), SERVICE, out);
+            if (t + i == 8)
+                ZORKeyStore::rotate(ZORKeyStore::location());
+        }
+    });
 }
 
 std::string submit(const mrl::test::TextCall& call, MRLSOAPSession::MRLSOAPTrusted trusted) {

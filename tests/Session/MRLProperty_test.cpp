@@ -2,14 +2,13 @@
 #include "Session/detail/PropertyAccess.h"
 #include "support/Failure.h"
 #include "support/Table.h"
+#include "support/TemporaryDirectory.h"
+#include "support/Threads.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
-#include <thread>
-#include <unistd.h>
 #include <vector>
 
 using mrl::detail::PropertyAccess;
@@ -18,10 +17,7 @@ namespace {
 
 class Properties : public testing::Test {
 protected:
-    ~Properties() override {
-        PropertyAccess::setConfigFile(PropertyAccess::defaultConfigFile);
-        std::filesystem::remove(m_path);
-    }
+    ~Properties() override { PropertyAccess::setConfigFile(PropertyAccess::defaultConfigFile); }
 
     void load(const std::string& document) {
         std::ofstream(m_path) << document;
@@ -37,7 +33,8 @@ protected:
         return result + "/" + (store.getValue(name, number) != 0 ? std::to_string(number) : "-");
     }
 
-    const std::string m_path = testing::TempDir() + "mrl_properties_" + std::to_string(getpid()) + ".xml";
+    const mrl::test::TemporaryDirectory m_directory;
+    const std::string m_path = m_directory.path() + "/properties.xml";
 };
 
 TEST_F(Properties, AreReadFromEntriesOfManyForms) {
@@ -108,12 +105,7 @@ TEST_F(Properties, OfTheExampleFileAreTheDefaults) {
 TEST_F(Properties, AreLoadedByOneOfManyThreads) {
     load("<a><e><property>p</property><value type='long'>1</value></e></a>");
     std::vector<const MRLProperty*> seen(8);
-    {
-        std::vector<std::jthread> threads;
-        for (auto& store : seen) {
-            threads.emplace_back([&store] { store = &MRLProperty::getInstance(); });
-        }
-    }
+    mrl::test::inThreads(8, [&](std::size_t number) { seen[number] = &MRLProperty::getInstance(); });
     EXPECT_EQ(std::count(seen.begin(), seen.end(), &MRLProperty::getInstance()), 8);
 }
 

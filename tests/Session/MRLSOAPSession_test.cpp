@@ -14,6 +14,7 @@
 #include "serialization/MRLSOAPFaultException.h"
 #include "support/Failure.h"
 #include "support/FakeBus.h"
+#include "support/Table.h"
 
 #include "HBLCore/HBLFailure.h"
 #include "HBLCore/HBLSmartPointer.h"
@@ -23,6 +24,7 @@
 #include <gmock/gmock.h>
 
 #include <cstdlib>
+#include <sstream>
 
 using mrl::test::answer;
 using mrl::test::FakeBus;
@@ -36,8 +38,9 @@ namespace {
 
 constexpr const char* URL = "http://bus.example/service";
 
-struct SessionTest : testing::Test {
-    SessionTest() { session.setURI(URL); }
+/// A session over a bus that answers from a script.
+struct Scripted {
+    Scripted() { session.setURI(URL); }
     void submit(Call& call, MRLSOAPSession::MRLSOAPTrusted trusted = MRLSOAPSession::eMRLSOAPUntrusted) {
         session.submit(*call.binding, trusted, nullptr);
     }
@@ -45,6 +48,8 @@ struct SessionTest : testing::Test {
     FakeBus bus;
     MRLSOAPSession session{&header, nullptr, nullptr, nullptr, nullptr, "test"};
 };
+
+struct SessionTest : testing::Test, Scripted {};
 
 TEST_F(SessionTest, APlainCallGivesEverythingBackInOrder) {
     bus.answer(answer("cm1"));
@@ -87,112 +92,70 @@ TEST_F(SessionTest, AFaultReachesTheCallerWithItsTrace) {
     EXPECT_EQ(nullptr, call.binding->getInputMessage().getTavelHeader(nullptr));
 }
 
-/// A transport failure of a given code at a given operation of one exchange.
-FakeBus::Step failing(int code, std::string where) {
-    return {answer("late"), [code, where](const std::string& operation) {
-                if (operation == where) {
-                    HBL_THROW(TavelTKException(code), "test");
-                }
-            }};
-}
-
 int exchanges(const FakeBus& bus) {
     return static_cast<int>(std::count_if(bus.calls.begin(), bus.calls.end(), [](const std::string& call) {
         return call.starts_with("getSession");
     }));
 }
 
-struct Broken {
-    const char* name;
-    std::vector<std::pair<int, const char*>> failures; // code and operation, one for each exchange
-    int exchanges;
-    bool answered;
-    const char* lastTraces; // text in the back trace when not answered
-};
-
-class BrokenExchange : public SessionTest, public testing::WithParamInterface<Broken> {};
-
-TEST_P(BrokenExchange, IsRetriedOnlyWhenTheReplyBrokeOff) {
-    for (const auto& [code, where] : GetParam().failures) {
-        bus.script(failing(code, where));
+TEST(SessionRetries, AreMadeOnlyWhenTheReplyBrokeOff) {
+    for (const auto& row : mrl::test::table("retries.txt")) {
+        SCOPED_TRACE(row[0]);
+        Scripted scripted;
+        std::istringstream failures(row[1]);
+        for (std::string failure; std::getline(failures, failure, ';');) {
+            const std::string where = failure.substr(2);
+            scripted.bus.script(
+                {answer("late"), [code = failure[0] - '0', where](const std::string& operation) {
+                     if (operation == where) {
+                         HBL_THROW(TavelTKException(code), "test");
+                     }
+                 }});
+        }
+        scripted.bus.answer(answer("in the end"));
+        Call call;
+        try {
+            scripted.submit(call);
+            EXPECT_EQ("answered", row[3]);
+            EXPECT_EQ("in the end", call.result());
+        } catch (TavelTKException& e) {
+            EXPECT_THAT(e.getBackTrace(), Contains(HasSubstr(row[3])));
+            EXPECT_THAT(e.getBackTrace().back(), HasSubstr("MRLSOAPSession::submit()"));
+        }
+        EXPECT_EQ(std::stoi(row[2]), exchanges(scripted.bus));
+        EXPECT_EQ(0, scripted.bus.live);
     }
-    bus.answer(answer("in the end"));
-    Call call;
-    try {
-        submit(call);
-        EXPECT_TRUE(GetParam().answered);
-        EXPECT_EQ("in the end", call.result());
-    } catch (TavelTKException& e) {
-        EXPECT_FALSE(GetParam().answered) << e.getMessage();
-        EXPECT_THAT(e.getBackTrace(), Contains(HasSubstr(GetParam().lastTraces)));
-        EXPECT_THAT(e.getBackTrace().back(), HasSubstr("MRLSOAPSession::submit()"));
-    }
-    EXPECT_EQ(GetParam().exchanges, exchanges(bus));
-    EXPECT_EQ(0, bus.live);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Session, BrokenExchange,
-    testing::Values(
-        Broken{"reply broke off once", {{6, "openEnvelope(reply)"}}, 2, true, ""},
-        Broken{"another failure in between",
-               {{6, "openEnvelope(reply)"}, {7, "openEnvelope(reply)"}},
-               3,
-               true,
-               ""},
-        Broken{"a retry that cannot send", {{6, "openEnvelope(reply)"}, {6, "closeRequest"}}, 3, true, ""},
-        Broken{"another code first", {{7, "openEnvelope(reply)"}}, 1, false, "not HBL-BIT-0006"},
-        Broken{"broke off while sending", {{6, "closeRequest"}}, 1, false, "MRLSOAPSession::submit()"},
-        Broken{"not even a response", {{6, "openResponse"}}, 1, false, "MRLSOAPSession::submit()"},
-        Broken{"ten retries in vain",
-               std::vector<std::pair<int, const char*>>(11, {6, "openEnvelope(reply)"}), 11, false,
-               "failed after reach retry limit."}),
-    [](const auto& row) {
-        std::string name = row.param.name;
-        std::replace(name.begin(), name.end(), ' ', '_');
-        return name;
-    });
-
-struct Endpoint {
-    const char* name;
-    const char* client;
-    MRLPortTypeBinding* (*bind)();
-    const char* refusal;
-};
 
 template <class PortType, MRLMessageI::MessageType TYPE>
 MRLPortTypeBinding* bind() {
     return PortType::getInstance().createPortTypeBinding(TYPE);
 }
 
-class EndpointRule : public testing::TestWithParam<Endpoint> {};
-
-TEST_P(EndpointRule, DecidesWithoutAnExplicitURI) {
-    const FakeBus bus;
-    const MRLTavelHeader header;
-    const MRLSOAPSession session(&header, nullptr, nullptr, nullptr, nullptr, GetParam().client);
-    const HBLSmartPointer<MRLPortTypeBinding> binding(GetParam().bind());
-    expectAssert([&] { session.submit(*binding, MRLSOAPSession::eMRLSOAPUntrusted, nullptr); },
-                 GetParam().refusal);
-    EXPECT_TRUE(bus.calls.empty());
+TEST(SessionEndpoints, AreDecidedByServiceAndClientWithoutAnExplicitURI) {
+    using Message = MRLMessageI;
+    const struct {
+        const char* client;
+        MRLPortTypeBinding* binding;
+        const char* refusal;
+    } rows[] = {{"test", bind<MRLContentManagerServicePortType, Message::eMRLContentElect_Request>(),
+                 "!contentManagerURI.empty(), \"Content Manager URI not found in configuration\""},
+                {"test", bind<MRLJobServicePortType, Message::eMRLAsynchRun_Request>(),
+                 "!dispatcherURI.empty(), \"Dispatcher URI not found in configuration\""},
+                {"xRENQx", bind<MRLReportServicePortType, Message::eMRLAsynchRun_Request>(),
+                 "pLoopback, \"Cannot send requests to the reportService\""},
+                {"RENQ", bind<MRLBatchReportServicePortType, Message::eMRLAsynchRun_Request>(),
+                 "pLoopback, \"Cannot send requests to the batchReportService\""}};
+    for (const auto& row : rows) {
+        const FakeBus bus;
+        const MRLTavelHeader header;
+        const MRLSOAPSession session(&header, nullptr, nullptr, nullptr, nullptr, row.client);
+        const HBLSmartPointer<MRLPortTypeBinding> binding(row.binding);
+        expectAssert([&] { session.submit(*binding, MRLSOAPSession::eMRLSOAPUntrusted, nullptr); },
+                     "HBL_ASSERT_NAMED(" + std::string(row.refusal) + ");");
+        EXPECT_TRUE(bus.calls.empty());
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Session, EndpointRule,
-    testing::Values(
-        Endpoint{
-            "content_manager", "test",
-            bind<MRLContentManagerServicePortType, MRLMessageI::eMRLContentElect_Request>,
-            R"(HBL_ASSERT_NAMED(!contentManagerURI.empty(), "Content Manager URI not found in configuration");)"},
-        Endpoint{"another_service", "test", bind<MRLJobServicePortType, MRLMessageI::eMRLAsynchRun_Request>,
-                 R"(HBL_ASSERT_NAMED(!dispatcherURI.empty(), "Dispatcher URI not found in configuration");)"},
-        Endpoint{"report_server_to_itself", "xRENQx",
-                 bind<MRLReportServicePortType, MRLMessageI::eMRLAsynchRun_Request>,
-                 R"(HBL_ASSERT_NAMED(pLoopback, "Cannot send requests to the reportService");)"},
-        Endpoint{"report_server_to_its_batch", "RENQ",
-                 bind<MRLBatchReportServicePortType, MRLMessageI::eMRLAsynchRun_Request>,
-                 R"(HBL_ASSERT_NAMED(pLoopback, "Cannot send requests to the batchReportService");)"}),
-    [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(SessionTest, PlaybackWithoutTestInfoIsRefused) {
     session.setPlaybackBaseDir("/recorded");
