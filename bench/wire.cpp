@@ -302,7 +302,7 @@ int main(int argc, char** argv) {
     reporter.compare("Read", "ParseDefault");
     reporter.compare("Write", "WriteByHand", 5);
     reporter.compare("Write", "Copy");
-    reporter.compare("Read", "ReadGsoap", 0.9);
+    reporter.compare("Read", "ReadGsoap", 0.9, {{"10", 1.5}}); // a small reply: making the parser counts too
     reporter.compare("Write", "WriteGsoap", 0.7);
     reporter.compareScale("Read", 20000, 1000, 1.15);
     reporter.compareScale("Write", 20000, 1000, 1.15);

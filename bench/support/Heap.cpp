@@ -1,6 +1,7 @@
 #include "support/Heap.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <malloc.h>
@@ -13,8 +14,13 @@ std::size_t s_allocations = 0;
 std::int64_t s_held = 0;
 std::int64_t s_peak = 0;
 
-void* take(std::size_t size) {
-    void* const block = std::malloc(size == 0 ? 1 : size);
+void* take(std::size_t size, std::size_t alignment = alignof(std::max_align_t)) {
+    void* block = nullptr;
+    if (alignment <= alignof(std::max_align_t)) {
+        block = std::malloc(size == 0 ? 1 : size);
+    } else if (posix_memalign(&block, alignment, size) != 0) {
+        block = nullptr;
+    }
     if (block == nullptr) {
         throw std::bad_alloc();
     }
@@ -41,10 +47,16 @@ void* operator new(std::size_t size) {
 void* operator new[](std::size_t size) {
     return take(size);
 }
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    return take(size, static_cast<std::size_t>(alignment));
+}
 void operator delete(void* block) noexcept {
     give(block);
 }
 void operator delete[](void* block) noexcept {
+    give(block);
+}
+void operator delete(void* block, std::align_val_t /*alignment*/) noexcept {
     give(block);
 }
 void operator delete(void* block, std::size_t /*size*/) noexcept {

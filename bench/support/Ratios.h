@@ -20,8 +20,10 @@ public:
 
     /// Both are benchmark names without their argument; runs with equal arguments are compared.
     /// @param target the ratio that is aimed for; 0 for none.
-    void compare(std::string figure, std::string rival, double target = 0) {
-        m_pairs.push_back({std::move(figure), std::move(rival), target});
+    /// @param others where it is another one: by the argument.
+    void compare(std::string figure, std::string rival, double target = 0,
+                 std::map<std::string, double> others = {}) {
+        m_pairs.push_back({std::move(figure), std::move(rival), target, std::move(others)});
     }
     /// The time for one of `many` objects over that for one of `few`, of the same benchmark.
     void compareScale(std::string figure, long many, long few, double target) {
@@ -47,8 +49,9 @@ public:
             for (const auto& [argument, times] : m_times[pair.figure]) {
                 const auto& rivals = m_times[pair.rival];
                 if (const auto rival = rivals.find(argument); rival != rivals.end()) {
+                    const auto other = pair.others.find(argument);
                     print(pair.figure + " / " + pair.rival + " at " + argument, times, rival->second, 1,
-                          pair.target);
+                          other == pair.others.end() ? pair.target : other->second);
                 }
             }
         }
@@ -70,6 +73,7 @@ private:
         std::string figure;
         std::string rival;
         double target;
+        std::map<std::string, double> others;
     };
     struct Scale {
         std::string figure;

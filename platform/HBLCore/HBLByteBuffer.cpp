@@ -1,5 +1,6 @@
 #include "HBLCore/HBLByteBuffer.h"
 
+#include "HBLCore/HBLArena.h"
 #include "HBLCore/HBLFailure.h"
 
 #include <algorithm>
@@ -35,7 +36,7 @@ HBLByteBuffer& HBLByteBuffer::operator=(HBLByteBuffer other) noexcept {
 }
 
 HBLByteBuffer::~HBLByteBuffer() {
-    delete[] m_pBuffer;
+    HBLArena::release(m_pBuffer);
 }
 
 char* HBLByteBuffer::str() {
@@ -51,11 +52,12 @@ const char* HBLByteBuffer::str() const noexcept {
 void HBLByteBuffer::grow(std::size_t capacity) {
     if (capacity == std::numeric_limits<std::size_t>::max())
         hblOutOfMemory(HBL_HERE, "HBLByteBuffer::grow");
-    char* larger = hblNewChars(HBL_HERE, capacity + 1);
+    auto* const larger = static_cast<char*>(hblRethrowing(
+        nullptr, [&] { return HBLArena::allocate(capacity + 1); }, HBL_HERE));
     if (m_pBuffer)
         std::memcpy(larger, m_pBuffer, m_length);
     larger[m_length] = '\0';
-    delete[] m_pBuffer;
+    HBLArena::release(m_pBuffer);
     m_pBuffer = larger;
     m_capacity = capacity;
 }

@@ -57,7 +57,7 @@ public:
     void reset() noexcept;
 
 protected:
-    char* m_pBuffer = nullptr; // m_capacity + 1 bytes, or null
+    char* m_pBuffer = nullptr; // m_capacity + 1 bytes of HBLArena, or null
 
 private:
     void grow(std::size_t capacity);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "HBLCore/HBLArena.h"
 #include "HBLCore/MRLExport.h"
 
 #include <concepts>
@@ -14,7 +15,7 @@
 /// reached by its schema name. An object owns none of its children: what a setter stores must be
 /// owned by a registry (MRLObjectRegistryI) or by the caller, and outlive the object.
 /// One thread at a time.
-class MRL_EXPORT MRLSchemaTypeI {
+class MRL_EXPORT MRLSchemaTypeI : public HBLArenaPiece {
 public:
     enum ObjectType : std::int32_t {
         e_Unknown = 0,

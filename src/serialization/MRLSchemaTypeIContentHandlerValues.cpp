@@ -8,6 +8,7 @@
 #include "serialization/detail/Boolean.h"
 #include "serialization/detail/Throw.h"
 
+#include "HBLCore/HBLArena.h"
 #include "HBLCore/HBLFailure.h"
 #include "PLQStreams/PLQBase64InputStream.h"
 #include "PLQStreams/PLQMemoryInputStream.h"
@@ -64,6 +65,7 @@ void decodeBase64(std::string_view text, MRLBase64Binary& value) {
 
 void* MRLSchemaTypeIContentHandler::newValue(ObjectType type) {
     HBL_ASSERT_NAMED(type != MRLSchemaTypeI::e_Unknown, "Received invalid objType.");
+    const HBLArena::Scope together;
     switch (type) {
     case MRLSchemaTypeI::eString:
     case MRLSchemaTypeI::eDateTime:
@@ -129,6 +131,7 @@ void MRLSchemaTypeIContentHandler::setCurrentCharacterData(ElementEntry& entry) 
 /// since most of a reply is short texts.
 MRL_String* MRLSchemaTypeIContentHandler::takeText() {
     constexpr std::size_t shortText = 4096;
+    const HBLArena::Scope together;
     std::unique_ptr<MRL_String> text(hblNew<MRL_String>(HBL_HERE));
     if (m_currentText.pcount() < shortText) {
         text->assignExactly(m_currentText.view());

@@ -1,5 +1,6 @@
 #include "support/Threads.h"
 
+#include "HBLCore/HBLArena.h"
 #include "HBLCore/HBLReferenceCount.h"
 #include "HBLCore/HBLResetableResource.h"
 #include "HBLCore/HBLResetableResourceRegistry.h"
@@ -10,7 +11,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
+#include <iterator>
+#include <memory>
+#include <random>
 #include <thread>
 #include <vector>
 
@@ -131,6 +136,73 @@ TEST(ResourceCounters, CountStretchesForThemselvesAndTheirParent) {
     EXPECT_GE(child.getReadings().processorMicroseconds, 0);
     EXPECT_EQ(parent.getReadings().stretches, 1);
     EXPECT_EQ(parent.getReadings().elapsedMicroseconds, child.getReadings().elapsedMicroseconds);
+}
+
+/// Knows when another piece was written over it.
+struct Piece : HBLArenaPiece {
+    explicit Piece(std::uint64_t n)
+        : first(n)
+        , last(~n) {}
+    virtual ~Piece() { EXPECT_EQ(first, ~last); }
+    std::uint64_t first;
+    std::uint64_t last;
+};
+using Pieces = std::vector<std::unique_ptr<Piece>>;
+
+/// Made by a thread that is gone, so that the chunks are held by their pieces alone.
+Pieces piecesOfAThread(std::uint64_t count) {
+    Pieces pieces;
+    std::thread([&] {
+        pieces.reserve(count);
+        const HBLArena::Scope together;
+        for (std::uint64_t n = 0; n < count; ++n)
+            pieces.push_back(std::make_unique<Piece>(n));
+    }).join();
+    return pieces;
+}
+
+TEST(Arena, GivesEachChunkBackWithItsLastPieceOnWhateverThreadInWhateverOrder) {
+    const std::size_t before = HBLArena::liveChunks();
+    Pieces pieces;
+    for (int maker = 0; maker < 4; ++maker)
+        std::ranges::move(piecesOfAThread(10000), std::back_inserter(pieces));
+    std::ranges::shuffle(pieces, std::mt19937(1));
+    mrl::test::inThreads(4, [&](std::size_t part) {
+        for (std::size_t n = part; n < pieces.size(); n += 4)
+            pieces[n].reset();
+    });
+    EXPECT_EQ(HBLArena::liveChunks(), before);
+}
+
+TEST(Arena, IsHeldByOnePieceAtMostOneChunkLong) {
+    const std::size_t before = HBLArena::liveChunks();
+    Pieces pieces = piecesOfAThread(10000);
+    auto kept = std::move(pieces[5000]);
+    pieces.clear();
+    EXPECT_LE(HBLArena::liveChunks(), before + 1);
+    kept.reset();
+    EXPECT_EQ(HBLArena::liveChunks(), before);
+}
+
+TEST(Arena, UsesAChunkAgainWhosePiecesAreGone) {
+    const std::size_t before = HBLArena::liveChunks();
+    const HBLArena::Scope together;
+    for (std::uint64_t n = 0; n < 100000; ++n)
+        std::make_unique<Piece>(n);
+    EXPECT_LE(HBLArena::liveChunks(), before + 1);
+}
+
+TEST(Arena, TakesNeitherLargePiecesNorThoseOutsideOfAScope) {
+    const std::size_t before = HBLArena::liveChunks();
+    std::thread([&] {
+        void* const small = HBLArena::allocate(1);
+        const HBLArena::Scope together;
+        void* const large = HBLArena::allocate(100000);
+        EXPECT_EQ(HBLArena::liveChunks(), before);
+        HBLArena::release(small);
+        HBLArena::release(large);
+        HBLArena::release(nullptr);
+    }).join();
 }
 
 } // namespace

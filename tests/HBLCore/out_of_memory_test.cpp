@@ -1,3 +1,4 @@
+#include "HBLCore/HBLArena.h"
 #include "HBLCore/HBLByteBuffer.h"
 #include "HBLCore/HBLFailure.h"
 #include "HBLCore/HBLMessage.h"
@@ -6,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <new>
 #include <utility>
@@ -15,12 +18,13 @@ namespace {
 /// Allocations of this thread that still succeed; below 0 there is no limit.
 thread_local int t_allocationsLeft = -1;
 
-void* allocate(std::size_t size) {
+void* allocate(std::size_t size, std::size_t alignment = alignof(std::max_align_t)) {
     if (t_allocationsLeft == 0)
         throw std::bad_alloc();
     if (t_allocationsLeft > 0)
         --t_allocationsLeft;
-    if (void* block = std::malloc(size ? size : 1))
+    const std::size_t rounded = (std::max<std::size_t>(size, 1) + alignment - 1) / alignment * alignment;
+    if (void* block = std::aligned_alloc(alignment, rounded))
         return block;
     throw std::bad_alloc();
 }
@@ -30,6 +34,12 @@ void* allocate(std::size_t size) {
 // Not inlined: the compiler would see new paired with free.
 [[gnu::noinline]] void* operator new(std::size_t size) {
     return allocate(size);
+}
+[[gnu::noinline]] void* operator new(std::size_t size, std::align_val_t alignment) {
+    return allocate(size, static_cast<std::size_t>(alignment));
+}
+[[gnu::noinline]] void operator delete(void* block, std::align_val_t) noexcept {
+    std::free(block);
 }
 [[gnu::noinline]] void* operator new[](std::size_t size) {
     return allocate(size);
@@ -94,6 +104,13 @@ void growBuffer() {
     copy.setLength(5000);
 }
 
+void fillChunk() {
+    const HBLArena::Scope together;
+    std::array<HBLByteBuffer, 10> texts;
+    for (HBLByteBuffer& text : texts)
+        text.reserve(4000);
+}
+
 void convert() {
     hblRethrowing(nullptr, [] {
         const I18NString text(kLong);
@@ -106,6 +123,7 @@ TEST(WithoutMemory, EveryStepEndsInAThrowableWhicheverAllocationFails) {
     const std::pair<const char*, void (*)()> steps[] = {{"a failed assertion", failAssertion},
                                                         {"an exception with messages", throwMessages},
                                                         {"a growing buffer", growBuffer},
+                                                        {"texts that fill a chunk", fillChunk},
                                                         {"a conversion", convert}};
     for (const auto& [name, step] : steps) {
         SCOPED_TRACE(name);

@@ -9,6 +9,8 @@
 #include "Toolkit/MRLStringArray.h"
 #include "Toolkit/MRLThingArray.h"
 
+#include "HBLCore/HBLArena.h"
+
 class MRLObjectRegistryI;
 class MRLBase64Binary;
 class MRLPart;
@@ -16,7 +18,7 @@ class MRLPromptInfo;
 class MRLShapeEnum;
 class MRLZOR;
 
-class MRLTavelHeader_PrivateData {
+class MRLTavelHeader_PrivateData : public HBLArenaPiece {
 public:
     MRLTavelHeader_PrivateData() = default;
     MRLTavelHeader_PrivateData(const MRLTavelHeader_PrivateData& other, MRLObjectRegistryI& registry);
@@ -27,7 +29,7 @@ public:
     MRLZOR* ZOR = nullptr;
 };
 
-class MRLZOR_PrivateData {
+class MRLZOR_PrivateData : public HBLArenaPiece {
 public:
     MRLZOR_PrivateData() = default;
     MRLZOR_PrivateData(const MRLZOR_PrivateData& other, MRLObjectRegistryI& registry);
@@ -38,7 +40,7 @@ public:
     MRLStringArray roles;
 };
 
-class MRLZORException_PrivateData {
+class MRLZORException_PrivateData : public HBLArenaPiece {
 public:
     MRLZORException_PrivateData() = default;
     MRLZORException_PrivateData(const MRLZORException_PrivateData& other, MRLObjectRegistryI& registry);
@@ -51,7 +53,7 @@ public:
     MRLPromptInfo* promptInfo = nullptr;
 };
 
-class MRLPromptInfo_PrivateData {
+class MRLPromptInfo_PrivateData : public HBLArenaPiece {
 public:
     MRLPromptInfo_PrivateData() = default;
     MRLPromptInfo_PrivateData(const MRLPromptInfo_PrivateData& other, MRLObjectRegistryI& registry);
@@ -62,7 +64,7 @@ public:
     MRLStringArray captions;
 };
 
-class MRLFaultDetail_PrivateData {
+class MRLFaultDetail_PrivateData : public HBLArenaPiece {
 public:
     MRLFaultDetail_PrivateData() = default;
     MRLFaultDetail_PrivateData(const MRLFaultDetail_PrivateData& other, MRLObjectRegistryI& registry);
@@ -75,7 +77,7 @@ public:
     const char* severity = nullptr;
 };
 
-class MRLFaultDetailMessage_PrivateData {
+class MRLFaultDetailMessage_PrivateData : public HBLArenaPiece {
 public:
     MRLFaultDetailMessage_PrivateData() = default;
     MRLFaultDetailMessage_PrivateData(const MRLFaultDetailMessage_PrivateData& other,
@@ -88,7 +90,7 @@ public:
     mrl::detail::MRLNullable<int> nestingLevel;
 };
 
-class MRLMessage_PrivateData {
+class MRLMessage_PrivateData : public HBLArenaPiece {
 public:
     MRLMessage_PrivateData() = default;
     MRLMessage_PrivateData(const MRLMessage_PrivateData& other, MRLObjectRegistryI& registry);
@@ -100,7 +102,7 @@ public:
     mrl::detail::MRLNullable<int> nestingLevel;
 };
 
-class MRLSchemaInfo_PrivateData {
+class MRLSchemaInfo_PrivateData : public HBLArenaPiece {
 public:
     MRLSchemaInfo_PrivateData() = default;
     MRLSchemaInfo_PrivateData(const MRLSchemaInfo_PrivateData& other, MRLObjectRegistryI& registry);
@@ -111,7 +113,7 @@ public:
     mrl::detail::MRLNullable<int> modifiable;
 };
 
-class MRLThing_PrivateData {
+class MRLThing_PrivateData : public HBLArenaPiece {
 public:
     MRLThing_PrivateData() = default;
     MRLThing_PrivateData(const MRLThing_PrivateData& other, MRLObjectRegistryI& registry);
@@ -122,7 +124,7 @@ public:
     const char* name = nullptr;
 };
 
-class MRLGadget_PrivateData {
+class MRLGadget_PrivateData : public HBLArenaPiece {
 public:
     MRLGadget_PrivateData() = default;
     MRLGadget_PrivateData(const MRLGadget_PrivateData& other, MRLObjectRegistryI& registry);
@@ -144,7 +146,7 @@ public:
     mrl::detail::MRLNullable<int> total;
 };
 
-class MRLPart_PrivateData {
+class MRLPart_PrivateData : public HBLArenaPiece {
 public:
     MRLPart_PrivateData() = default;
     MRLPart_PrivateData(const MRLPart_PrivateData& other, MRLObjectRegistryI& registry);
@@ -156,7 +158,7 @@ public:
     mrl::detail::MRLNullable<int> width;
 };
 
-class MRLLabel_PrivateData {
+class MRLLabel_PrivateData : public HBLArenaPiece {
 public:
     MRLLabel_PrivateData() = default;
     MRLLabel_PrivateData(const MRLLabel_PrivateData& other, MRLObjectRegistryI& registry);
@@ -167,7 +169,7 @@ public:
     const char* value = nullptr;
 };
 
-class MRLBox_PrivateData {
+class MRLBox_PrivateData : public HBLArenaPiece {
 public:
     MRLBox_PrivateData() = default;
     MRLBox_PrivateData(const MRLBox_PrivateData& other, MRLObjectRegistryI& registry);
@@ -178,7 +180,7 @@ public:
     MRLThingArray things;
 };
 
-class MRLSwap_PrivateData {
+class MRLSwap_PrivateData : public HBLArenaPiece {
 public:
     MRLSwap_PrivateData() = default;
     MRLSwap_PrivateData(const MRLSwap_PrivateData& other, MRLObjectRegistryI& registry);

@@ -6,12 +6,14 @@
 #include "Toolkit/MRLPartArray.h"
 #include "Toolkit/MRLShapeEnumArray.h"
 
+#include "HBLCore/HBLArena.h"
+
 class MRLObjectRegistryI;
 class MRLSchemaInfo;
 class MRLShapeEnum;
 class MRLThing;
 
-class MRLBaseProp_PrivateData {
+class MRLBaseProp_PrivateData : public HBLArenaPiece {
 public:
     MRLBaseProp_PrivateData() = default;
     MRLBaseProp_PrivateData(const MRLBaseProp_PrivateData& other, MRLObjectRegistryI& registry);
@@ -22,7 +24,7 @@ public:
     MRLSchemaInfo* schemaInfo = nullptr;
 };
 
-class MRLRefProp_PrivateData {
+class MRLRefProp_PrivateData : public HBLArenaPiece {
 public:
     MRLRefProp_PrivateData() = default;
     MRLRefProp_PrivateData(const MRLRefProp_PrivateData& other, MRLObjectRegistryI& registry);
@@ -34,7 +36,7 @@ public:
     MRLShapeEnum* refPropName = nullptr;
 };
 
-class MRLBooleanProp_PrivateData {
+class MRLBooleanProp_PrivateData : public HBLArenaPiece {
 public:
     MRLBooleanProp_PrivateData() = default;
     MRLBooleanProp_PrivateData(const MRLBooleanProp_PrivateData& other, MRLObjectRegistryI& registry);
@@ -45,7 +47,7 @@ public:
     mrl::detail::MRLNullable<int> value;
 };
 
-class MRLDecimalProp_PrivateData {
+class MRLDecimalProp_PrivateData : public HBLArenaPiece {
 public:
     MRLDecimalProp_PrivateData() = default;
     MRLDecimalProp_PrivateData(const MRLDecimalProp_PrivateData& other, MRLObjectRegistryI& registry);
@@ -56,7 +58,7 @@ public:
     mrl::detail::MRLNullable<float> value;
 };
 
-class MRLPartArrayProp_PrivateData {
+class MRLPartArrayProp_PrivateData : public HBLArenaPiece {
 public:
     MRLPartArrayProp_PrivateData() = default;
     MRLPartArrayProp_PrivateData(const MRLPartArrayProp_PrivateData& other, MRLObjectRegistryI& registry);
@@ -67,7 +69,7 @@ public:
     MRLPartArray value;
 };
 
-class MRLStringProp_PrivateData {
+class MRLStringProp_PrivateData : public HBLArenaPiece {
 public:
     MRLStringProp_PrivateData() = default;
     MRLStringProp_PrivateData(const MRLStringProp_PrivateData& other, MRLObjectRegistryI& registry);
@@ -78,7 +80,7 @@ public:
     const char* value = nullptr;
 };
 
-class MRLThingProp_PrivateData {
+class MRLThingProp_PrivateData : public HBLArenaPiece {
 public:
     MRLThingProp_PrivateData() = default;
     MRLThingProp_PrivateData(const MRLThingProp_PrivateData& other, MRLObjectRegistryI& registry);
