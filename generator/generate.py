@@ -30,8 +30,9 @@ PARTS = {  # what renders each: (model, catalogue) -> (path, text) for every fil
 
 def main(arguments=None):
     parser = argparse.ArgumentParser(description="Renders the generated families from the catalogue.")
-    parser.add_argument("catalogue", type=Path)
-    parser.add_argument("output", type=Path, nargs="?")
+    parser.add_argument("catalogue", type=Path, help="the folder that describes everything")
+    parser.add_argument("output", type=Path, nargs="?",
+                        help="a folder of its own: what an earlier catalogue left there is removed")
     parser.add_argument("--list", action="store_true", help="print the names of the files")
     parser.add_argument("--part", choices=PARTS, default="library", help="what to render (default: library)")
     parser.add_argument("--figures", action="store_true", help="print how many of everything there are")
@@ -49,19 +50,34 @@ def main(arguments=None):
     if options.figures:
         print("\n".join(f"{name}: {value}" for name, value in figures(model).items()))
         return 0
-    return _write(PARTS[options.part](model, options.catalogue), options.output)
+    try:
+        return _write(PARTS[options.part](model, options.catalogue), options.output)
+    except OSError as error:
+        print(f"generate.py: {error}", file=sys.stderr)
+        return 1
 
 
 def _write(files, output):
-    expected, changed = set(), 0
-    for path, text in files:
-        expected.add(output / path)
-        changed += write_if_changed(output / path, text)
-    for folder in {path.parent for path in expected}:  # what an earlier catalogue had
-        for stale in {path for path in folder.iterdir() if path.is_file()} - expected:
-            stale.unlink()
-    print(f"{len(expected)} generated files, {changed} changed")
+    files = {output / path: text for path, text in files}
+    there = {path for folder in {path.parent for path in files} if folder.is_dir()
+             for path in folder.iterdir() if path.is_file() and path.name != "stamp"}
+    strangers = sorted(path for path in there if not _is_generated(path, output))
+    if strangers:  # a folder with sources, named by mistake
+        raise OSError(f"{strangers[0]}: nobody generated this file\n  remedy: name an output folder of its own")
+    changed = sum(write_if_changed(path, text) for path, text in files.items())
+    for stale in there - files.keys():  # what an earlier catalogue had
+        stale.unlink()
+    print(f"{len(files)} generated files, {changed} changed")
     return 0
+
+
+def _is_generated(path, output):
+    """Sources say so in their first line, pages in the index of all."""
+    marked = output / "index.md" if path.suffix == ".md" else path
+    if not marked.is_file():
+        return False
+    head = marked.read_text(encoding="utf-8", errors="replace")[:1000]
+    return head.startswith("// Generated from ") or "\nRendered from the catalogue." in head
 
 
 if __name__ == "__main__":
