@@ -12,6 +12,7 @@
 #include "support/Files.h"
 #include "support/KeyStore.h"
 #include "support/LogHarness.h"
+#include "support/Rows.h"
 #include "support/TemporaryDirectory.h"
 
 #include "HBLCore/HBLFailure.h"
@@ -75,10 +76,10 @@ struct Service final : MRLServiceCallbackI {
     void handleRequest(MRLPortTypeBinding&, PLQOutputStream& out) const override {
         bus->beforeEach();
         bus->calls.emplace_back("handleRequest");
-        const std::string reply = answer("myself");
         out.write(reply.data(), reply.size());
     }
     FakeBus* bus = nullptr;
+    std::string reply;
 };
 Service s_service;
 
@@ -117,20 +118,23 @@ TEST_P(Traced, GoesItsOwnWayStepByStep) {
     way.bus.beforeEach = takeRecords;
     way.session.setURI("http://bus.example/");
     s_service.bus = &way.bus;
+    s_service.reply = answer("myself");
     GetParam().prepare(way);
 
     const mrl::test::TextCall call;
+    std::string end;
     std::vector<std::string> passed;
     try {
         way.session.submit(*call.binding, way.attachments, way.trusted, way.callback);
+        end = "result " + call.result();
     } catch (const HBLThrowable& e) {
+        end = "threw " + std::string(e.getThrowableName());
         passed = e.getBackTrace();
     }
     takeRecords();
     std::string trace;
     for (const std::string& step : way.bus.calls) {
-        const bool isLong = step.starts_with("getSession ") || step.starts_with("openEnvelope ");
-        trace += (isLong ? step.substr(0, step.find(' ')) : step) + "\n";
+        trace += step + "\n";
     }
     for (const std::string& request : way.bus.requests) {
         trace += request.starts_with("<trustedRequest") ? "sent encrypted\n" : "sent in clear\n";
@@ -138,6 +142,7 @@ TEST_P(Traced, GoesItsOwnWayStepByStep) {
     for (const std::string& file : way.files.files()) {
         trace += "file " + file + "\n";
     }
+    trace += end + "\n";
     for (const std::string& line : passed) {
         if (const std::size_t at = line.find("MRLSOAPSession::"); at != std::string::npos) {
             trace += "thrown past " + line.substr(at) + "\n";
@@ -148,63 +153,66 @@ TEST_P(Traced, GoesItsOwnWayStepByStep) {
     EXPECT_EQ(0, way.bus.live);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Session, Traced,
-    testing::Values(Path{"plain", [](Way& way) { way.bus.answer(answer("cm")); }},
-                    Path{"attachments",
-                         [](Way& way) {
-                             attach(way, way.plain, false, "one");
-                             attach(way, way.packed, true, "two");
-                             way.bus.answer(answer("cm"));
-                         }},
-                    Path{"retry",
-                         [](Way& way) {
-                             way.fail("openEnvelope(reply)", 6);
-                             way.bus.answer(answer("cm"));
-                         }},
-                    Path{"trusted",
-                         [](Way& way) {
-                             way.trusted = MRLSOAPSession::eMRLSOAPTrusted;
-                             way.bus.answer(answer("cm"));
-                         }},
-                    Path{"trusted_on_denial",
-                         [](Way& way) {
-                             way.trusted = MRLSOAPSession::eMRLSOAPTrustedOnDenial;
-                             way.bus.answer(fault("cmNoPermission"));
-                             way.bus.answer(answer("cm"));
-                         }},
-                    Path{"loopback", [](Way& way) { way.callback = &s_service; }},
-                    Path{"recording",
-                         [](Way& way) {
-                             way.session.setRecordingBaseDir(way.files.path().c_str());
-                             way.bus.answer(answer("cm"));
-                         }},
-                    Path{"playback", // which goes before a service of the own process
-                         [](Way& way) {
-                             const std::string call = way.files.path() + "/contentManagerService.0-"
-                                                                         "contentGetActiveContentManager_";
-                             std::ofstream(call + "Request.xml") << "any";
-                             std::ofstream(call + "Reply.xml") << answer("cm");
-                             way.session.setPlaybackBaseDir(way.files.path().c_str());
-                             way.callback = &s_service;
-                         }},
-                    Path{"recorded_denial", // which takes a number of its own
-                         [](Way& way) {
-                             attach(way, way.plain, false, "one");
-                             way.session.setRecordingBaseDir(way.files.path().c_str());
-                             way.trusted = MRLSOAPSession::eMRLSOAPTrustedOnDenial;
-                             way.bus.answer(fault("cmNoWrite"));
-                             way.bus.answer(answer("cm"));
-                         }},
-                    Path{"retried_fault",
-                         [](Way& way) {
-                             way.fail("openEnvelope(reply)", 6);
-                             way.bus.answer(fault("cmNoRead"));
-                         }},
-                    Path{"malformed", [](Way& way) { way.bus.answer("<half"); }},
-                    Path{"fault", [](Way& way) { way.bus.answer(fault("cmNoRead")); }},
-                    Path{"transport_failure", [](Way& way) { way.fail("openEnvelope(reply)", 7); }},
-                    Path{"send_failure", [](Way& way) { way.fail("closeEnvelope", 6); }}),
-    [](const auto& row) { return std::string(row.param.name); });
+const Path PATHS[] = {{"plain", [](Way& way) { way.bus.answer(answer("cm")); }},
+                      {"attachments",
+                       [](Way& way) {
+                           attach(way, way.plain, false, "one");
+                           attach(way, way.packed, true, "two");
+                           way.bus.answer(answer("cm"));
+                       }},
+                      {"retry",
+                       [](Way& way) {
+                           way.fail("openEnvelope(reply)", 6);
+                           way.bus.answer(answer("cm"));
+                       }},
+                      {"trusted",
+                       [](Way& way) {
+                           way.trusted = MRLSOAPSession::eMRLSOAPTrusted;
+                           way.bus.answer(answer("cm"));
+                       }},
+                      {"trusted_on_denial",
+                       [](Way& way) {
+                           way.trusted = MRLSOAPSession::eMRLSOAPTrustedOnDenial;
+                           way.bus.answer(fault("cmNoPermission"));
+                           way.bus.answer(answer("cm"));
+                       }},
+                      {"loopback", [](Way& way) { way.callback = &s_service; }},
+                      {"loopback_fault",
+                       [](Way& way) {
+                           s_service.reply = fault("cmNoRead");
+                           way.callback = &s_service;
+                       }},
+                      {"recording",
+                       [](Way& way) {
+                           way.session.setRecordingBaseDir(way.files.path().c_str());
+                           way.bus.answer(answer("cm"));
+                       }},
+                      {"playback", // which goes before a service of the own process
+                       [](Way& way) {
+                           const std::string call = way.files.path() + "/contentManagerService.0-"
+                                                                       "contentGetActiveContentManager_";
+                           std::ofstream(call + "Request.xml") << "any";
+                           std::ofstream(call + "Reply.xml") << answer("cm");
+                           way.session.setPlaybackBaseDir(way.files.path().c_str());
+                           way.callback = &s_service;
+                       }},
+                      {"recorded_denial", // which takes a number of its own
+                       [](Way& way) {
+                           attach(way, way.plain, false, "one");
+                           way.session.setRecordingBaseDir(way.files.path().c_str());
+                           way.trusted = MRLSOAPSession::eMRLSOAPTrustedOnDenial;
+                           way.bus.answer(fault("cmNoWrite"));
+                           way.bus.answer(answer("cm"));
+                       }},
+                      {"retried_fault",
+                       [](Way& way) {
+                           way.fail("openEnvelope(reply)", 6);
+                           way.bus.answer(fault("cmNoRead"));
+                       }},
+                      {"malformed", [](Way& way) { way.bus.answer("<half"); }},
+                      {"fault", [](Way& way) { way.bus.answer(fault("cmNoRead")); }},
+                      {"transport_failure", [](Way& way) { way.fail("openEnvelope(reply)", 7); }},
+                      {"send_failure", [](Way& way) { way.fail("closeEnvelope", 6); }}};
+INSTANTIATE_TEST_SUITE_P(Session, Traced, testing::ValuesIn(PATHS), mrl::test::nameOfRow);
 
 } // namespace

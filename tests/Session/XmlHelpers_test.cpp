@@ -9,6 +9,7 @@
 #include "support/Files.h"
 #include "support/LogHarness.h"
 #include "support/Table.h"
+#include "support/TemporaryDirectory.h"
 
 #include "HBLCore/HBLByteBuffer.h"
 #include "HBLCore/HBLUtCrc32.h"
@@ -17,7 +18,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 #include <limits>
 
@@ -29,22 +29,13 @@ HBLIDOM_Document parsed(const std::string& text) {
     return document;
 }
 
-/// A file name of this test, removed at both ends.
-class ScratchFile {
-public:
-    ScratchFile()
-        : path(ConfigurationFile::path() + ".xml-helpers") {
-        std::filesystem::remove(path);
-    }
-    explicit ScratchFile(const std::string& text)
-        : ScratchFile() {
-        std::ofstream(path, std::ios::binary) << text;
-    }
-    ~ScratchFile() { std::filesystem::remove(path); }
-    ScratchFile(const ScratchFile&) = delete;
-    ScratchFile& operator=(const ScratchFile&) = delete;
+/// A file of this test.
+struct ScratchFile {
+    ScratchFile() = default;
+    explicit ScratchFile(const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
     std::string text() const { return mrl::test::bytesOfFile(path); }
-    const std::string path;
+    const mrl::test::TemporaryDirectory directory;
+    const std::string path = directory.path() + "/file.xml";
 };
 
 TEST(XmlHelpers, ParseFromEverySourceAndTellWhereItFails) {
@@ -105,10 +96,13 @@ TEST(XmlHelpers, LoadReportSpecificationsWithAndWithoutADocumentType) {
 TEST(XmlHelpers, AddressElementsFromAStoppingAncestorOrTheRoot) {
     for (const auto& row : mrl::test::table("xpaths.txt")) { // document, element, stop, from zero, address
         const HBLIDOM_Document document = parsed(row[0]);
-        HBLI18NBuffer got(u"before");
-        MRLHelper::getDomXPath(HBLIDOM_Helper::findFirstElement(document, row[1]), got,
-                               HBLUtCrc32::crc32(I18NString(row[2]), 0, 0), std::stoi(row[3]));
-        EXPECT_EQ(got.getString().toUtf8(), row[4]) << row[0];
+        for (const unsigned int stop :
+             {MRLHelper::getCrc(row[2].c_str()), MRLHelper::getCrc(I18NString(row[2]))}) {
+            HBLI18NBuffer got(u"before");
+            MRLHelper::getDomXPath(HBLIDOM_Helper::findFirstElement(document, row[1]), got, stop,
+                                   std::stoi(row[3]));
+            EXPECT_EQ(got.getString().toUtf8(), row[4]) << row[0];
+        }
     }
 }
 
