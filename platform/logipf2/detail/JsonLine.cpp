@@ -39,17 +39,13 @@ void appendEscape(std::string& out, char32_t c) {
     }
 }
 
-/// How each character of ASCII is written: 0 as it is, a letter with a backslash before it, NUMBERED by its
-/// number.
-constexpr char NUMBERED = 1;
+/// How each character of ASCII is written: as itself, as the letter behind a backslash, or by its number.
+constexpr char NUMBERED = 0;
 constexpr std::array<char, 0x80> ASCII_FORMS = [] {
     std::array<char, 0x80> forms{};
-    for (std::size_t c = 0; c < 0x20; ++c) {
-        forms[c] = NUMBERED;
+    for (std::size_t c = 0x20; c < 0x7F; ++c) {
+        forms[c] = static_cast<char>(c);
     }
-    forms[0x7F] = NUMBERED;
-    forms['"'] = '"';
-    forms['\\'] = '\\';
     forms['\b'] = 'b';
     forms['\f'] = 'f';
     forms['\n'] = 'n';
@@ -57,6 +53,28 @@ constexpr std::array<char, 0x80> ASCII_FORMS = [] {
     forms['\t'] = 't';
     return forms;
 }();
+
+/// Writes the front of `text` up to the first character that goes by its number or is not ASCII, to `out`,
+/// which has room for two characters each, and moves `out` behind it.
+/// @return the units taken.
+template <class Unit>
+std::size_t putAscii(std::basic_string_view<Unit> text, char*& out) {
+    char* to = out;
+    std::size_t taken = 0;
+    for (; taken < text.size(); ++taken) {
+        const auto unit = static_cast<std::make_unsigned_t<Unit>>(text[taken]);
+        const char form = unit < ASCII_FORMS.size() ? ASCII_FORMS[unit] : NUMBERED;
+        if (form == NUMBERED) {
+            break;
+        }
+        if (form != static_cast<char>(unit) || form == '"' || form == '\\') {
+            *to++ = '\\';
+        }
+        *to++ = form;
+    }
+    out = to;
+    return taken;
+}
 
 void appendUtf8(std::string& out, char32_t c) {
     const auto put = [&](char32_t byte) { out += static_cast<char>(static_cast<unsigned char>(byte)); };
@@ -74,7 +92,7 @@ void appendUtf8(std::string& out, char32_t c) {
     put(0x80 | (c & 0x3F));
 }
 
-/// Appends the first character of `text`, which is none of those that `quoted` writes itself.
+/// Appends the first character of `text`, which is none for putAscii.
 /// @return its units.
 std::size_t appendOther(std::string& out, std::u16string_view text) {
     char32_t c = text[0];
@@ -189,32 +207,17 @@ template <class Unit>
 void JsonLine::quoted(std::basic_string_view<Unit> text) {
     m_line.reserve(m_line.size() + text.size() + text.size() / 8 + 16);
     m_line += '"';
-    std::array<char, 256> piece; // of what is written as it is, or with a backslash
-    std::size_t filled = 0;
-    const auto flush = [&] {
-        m_line.append(piece.data(), filled);
-        filled = 0;
-    };
-    for (std::size_t i = 0; i < text.size();) {
-        if (filled + 2 > piece.size()) {
-            flush();
+    constexpr std::size_t most = 256;
+    std::array<char, 2 * most> piece;
+    while (!text.empty()) {
+        char* end = piece.data();
+        const std::size_t taken = putAscii(text.substr(0, most), end);
+        m_line.append(piece.data(), end);
+        text.remove_prefix(taken);
+        if (taken < most && !text.empty()) {
+            text.remove_prefix(appendOther(m_line, text));
         }
-        const Unit unit = text[i];
-        const char form = static_cast<std::make_unsigned_t<Unit>>(unit) < ASCII_FORMS.size()
-                              ? ASCII_FORMS[static_cast<std::make_unsigned_t<Unit>>(unit)]
-                              : NUMBERED;
-        if (form == NUMBERED) {
-            flush();
-            i += appendOther(m_line, text.substr(i));
-            continue;
-        }
-        if (form != 0) {
-            piece[filled++] = '\\';
-        }
-        piece[filled++] = form != 0 ? form : static_cast<char>(unit);
-        ++i;
     }
-    flush();
     m_line += '"';
 }
 
