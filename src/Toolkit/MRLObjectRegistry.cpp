@@ -31,7 +31,7 @@ MRLObjectRegistry* MRLObjectRegistry::create() {
 
 MRLObjectRegistry::~MRLObjectRegistry() {
     try {
-        clean();
+        MRLObjectRegistry::clean();
     } catch (...) { // a release that fails must not leave a destructor
     }
 }

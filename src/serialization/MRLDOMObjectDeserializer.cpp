@@ -94,7 +94,7 @@ private:
     /// What follows `node` in the order of the document; the elements that end on the way are ended.
     HBLIDOM::Node next(const HBLIDOM::Node& node) {
         if (!m_open.empty() && m_open.back().node == node) {
-            const HBLIDOM::Node child = node.getFirstChild();
+            HBLIDOM::Node child = node.getFirstChild();
             if (child.isNull() == 0) {
                 return child;
             }
