@@ -31,6 +31,7 @@ def test_each_outcome_has_a_code_of_its_own(peer, reply, code, told):
 
 def test_a_peer_that_is_not_there_is_a_failure_of_the_exchange():
     assert call("http://127.0.0.1:1/").returncode == 4
+    assert call("ftp://127.0.0.1/").returncode == 1  # which nobody was asked for
 
 
 def test_both_envelopes_are_shown(peer):

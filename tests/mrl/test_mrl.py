@@ -3,9 +3,6 @@
 import os
 import subprocess
 
-import os
-import subprocess
-
 import pytest
 from conftest import mrl
 
@@ -56,7 +53,7 @@ def test_everything_of_a_name_is_described():
     (("describe", "contnetQuery"), "'contnetQuery'; did you mean contentQuery"),
     (("list", "contentManager"), "no service 'contentManager'"),
     (("describe", "zzzzzzzzz"), "'zzzzzzzzz'\n"),
-    (("describe", "contentManagerService.qurey"), "operation of contentManagerService 'qurey'; did you mean query\n"),
+    (("describe", "contentManagerService.qurey"), "operation of contentManagerService 'qurey'; did you mean query?\n"),
 ])
 def test_a_name_that_nothing_has_is_answered_with_the_nearest(arguments, complaint):
     result = mrl(*arguments)
@@ -75,6 +72,14 @@ def test_a_full_disk_is_told():
     with open("/dev/full", "w", encoding="utf-8") as full:
         result = subprocess.run([os.environ["MRL"], "list"], stdout=full, stderr=subprocess.PIPE, text=True, check=False)
     assert result.returncode == 1 and "the output is not complete" in result.stderr
+
+
+def test_who_reads_no_further_hears_no_complaint():
+    reader, writer = os.pipe()
+    os.close(reader)
+    result = subprocess.run([os.environ["MRL"], "list"], stdout=writer, stderr=subprocess.PIPE, text=True, check=False)
+    os.close(writer)
+    assert (result.returncode, result.stderr) == (141, "")
 
 
 @pytest.mark.parametrize("arguments", [("--help",), ("list", "--help"), ("describe", "--help"), ("catalogue", "--help")])

@@ -2,6 +2,9 @@
 
 import os
 import pathlib
+import signal
+import subprocess
+import time
 
 import pytest
 from conftest import DELETED, mrl
@@ -77,3 +80,16 @@ def test_what_cannot_be_done_is_told_with_the_reason(script, arguments, code, to
     result = mrl(*(argument.format(place=script.parent) for argument in arguments))
     assert (result.returncode, told in result.stderr) == (code, True), result.stderr
     assert not list(pathlib.Path(script.parent).glob("*.partial-*"))
+
+
+def test_a_program_meets_broken_pipes_as_it_would_by_itself(tmp_path):
+    assert mrl("record", "--into", tmp_path / "run", "--", "sh", "-c", "kill -PIPE $$").returncode == 141
+
+
+def test_who_ends_the_recording_ends_the_program(tmp_path):
+    script = "touch started; exec sleep 20"
+    with subprocess.Popen([os.environ["MRL"], "record", "--into", "run", "--", "sh", "-c", script], cwd=tmp_path) as run:
+        while not (tmp_path / "started").exists():
+            time.sleep(0.01)
+        run.terminate()
+        assert run.wait(10) == 128 + signal.SIGTERM

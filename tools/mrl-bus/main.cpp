@@ -71,6 +71,7 @@ int main(int argc, char** argv) {
                  "mrl-bus");
     app.add_option("--host", options.server.host, "Address to listen on")->capture_default_str();
     app.add_option("--port", options.server.port, "Port to listen on; 0 for any free one")
+        ->check(CLI::Range(0, 65535))
         ->capture_default_str();
     app.add_option("--threads", options.server.threads, "Requests served at a time")
         ->check(CLI::Range(1, 256))

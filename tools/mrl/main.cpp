@@ -5,10 +5,13 @@
 #include "HBLCore/HBLThrowable.h"
 
 #include <algorithm>
+#include <csignal>
 #include <exception>
 #include <iostream>
+#include <poll.h>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 #include <vector>
 
 using namespace mrl::tool;
@@ -45,10 +48,21 @@ int endParsing(const CLI::App& app, const CLI::ParseError& e) {
     return e_Usage;
 }
 
+/// Whether standard output is a pipe that nobody reads any more.
+bool hasReaderGone() {
+    struct pollfd out {
+        STDOUT_FILENO, POLLOUT, 0
+    };
+    return poll(&out, 1, 0) > 0 && (out.revents & POLLERR) != 0;
+}
+
 /// What was printed may have gone to a disk that is full: then it was not done, whatever the command says.
+/// Who reads no further, such as `head`, has had enough, which is no reason to complain.
 int finished(int code) {
     if (std::cout.flush())
         return code;
+    if (hasReaderGone())
+        return code == e_Ok ? 128 + SIGPIPE : code;
     std::cerr << "mrl: the output is not complete: standard output cannot be written; free the disk, or send "
                  "it elsewhere\n";
     return code == e_Ok ? int{e_No} : code;

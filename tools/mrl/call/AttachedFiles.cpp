@@ -42,7 +42,8 @@ void checkIds(const std::vector<AttachedFile>& files, const std::vector<std::str
 AttachedFile AttachedFile::parse(const std::string& argument) {
     const std::size_t equals = argument.find('=');
     if (equals == std::string::npos || equals == 0 || equals + 1 == argument.size())
-        throw std::runtime_error("'" + argument + "' is not of the form ID=FILE or ID=FILE;TYPE");
+        throw std::runtime_error("the attachment '" + argument +
+                                 "' is not of the form ID=FILE or ID=FILE;TYPE");
     AttachedFile file;
     file.id = argument.substr(0, equals);
     const std::size_t semicolon = argument.rfind(';');

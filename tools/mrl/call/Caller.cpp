@@ -109,9 +109,11 @@ void printFault(MRLSOAPFault& fault) {
         std::cerr << "  " << messages << '\n';
 }
 
-bool isBadReply(const TavelTKException& e) {
+int exitCodeOf(const TavelTKException& e) {
     const auto error = static_cast<TavelTKError>(e.getErrorCode());
-    return error >= TavelTKError::badHttpReply && error <= TavelTKError::replyTooLarge;
+    if (error >= TavelTKError::badHttpReply && error <= TavelTKError::replyTooLarge)
+        return badReplyExit;
+    return e.getPhase() == TavelTKPhase::prepare ? int{e_No} : transportExit;
 }
 
 /// Whether the reply was being read when it happened, as the back trace tells.
@@ -209,7 +211,7 @@ int call(const BuiltRequest& request, const CallSettings& settings) {
         printFault(e.getSOAPFault());
         return faultExit;
     } catch (const TavelTKException& e) {
-        return tell(e, isBadReply(e) ? badReplyExit : transportExit);
+        return tell(e, exitCodeOf(e));
     } catch (const HBLThrowable& e) {
         return cameWithTheReply(e) ? tell(e, badReplyExit) : tellCondition(e);
     }

@@ -1,7 +1,5 @@
 #include "call/JsonInput.h"
 
-#include "lookup/Nearest.h"
-
 #include <set>
 #include <utility>
 #include <vector>
@@ -89,13 +87,6 @@ std::string kindOf(const Json& value) {
     if (value.is_string())
         return "a text";
     return value.is_array() ? "an array" : "an object";
-}
-
-std::string suggestion(std::string_view wanted, const std::vector<std::string_view>& names) {
-    std::string text;
-    for (const std::string_view near : nearest(wanted, names))
-        text.append(text.empty() ? "; did you mean " : ", ").append(near);
-    return text;
 }
 
 } // namespace mrl::tool

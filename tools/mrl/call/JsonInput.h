@@ -37,7 +37,4 @@ std::string elementPath(const std::string& path, std::size_t index);
 /// What a value is, in the words of a complaint: "a text", "the number 12".
 std::string kindOf(const Json& value);
 
-/// "; did you mean a, b", or nothing when none of `names` is near.
-std::string suggestion(std::string_view wanted, const std::vector<std::string_view>& names);
-
 } // namespace mrl::tool

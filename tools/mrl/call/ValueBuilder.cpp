@@ -9,6 +9,7 @@
 #include "Toolkit/MRL_String.h"
 #include "call/SchemaNames.h"
 #include "lookup/Catalogue.h"
+#include "lookup/Nearest.h"
 
 #include "HBLCore/HBLBase64.h"
 
@@ -108,7 +109,7 @@ const TypeRow& chosenType(const TypeRow& declared, const Json& json, const std::
     const TypeRow* found = findType(wanted);
     if (found == nullptr || std::ranges::find(possible, found) == possible.end())
         throw JsonError(place, "'" + wanted + "' is no " + declared.name + " that can be made" +
-                                   suggestion(wanted, namesOf(possible)));
+                                   proposal(wanted, namesOf(possible)));
     return *found;
 }
 
@@ -118,7 +119,7 @@ bool isMark(const std::string& member) {
 
 void refuseUnknown(const std::string& what, const std::string& owner, const std::string& name,
                    const std::string& path, const std::vector<std::string_view>& known) {
-    throw JsonError(path, "there is no " + what + " '" + name + "' in " + owner + suggestion(name, known));
+    throw JsonError(path, "there is no " + what + " '" + name + "' in " + owner + proposal(name, known));
 }
 
 } // namespace
@@ -240,7 +241,7 @@ void ValueBuilder::setText(MRLSchemaTypeI& object, const TypeRow& row, const Jso
     if (row.kind == TypeKind::enumeration) {
         const std::vector<std::string_view> values(row.values.begin(), row.values.end());
         if (std::ranges::find(values, text) == values.end()) {
-            const std::string near = suggestion(text, values);
+            const std::string near = proposal(text, values);
             throw JsonError(place, "'" + text + "' is no value of " + row.name +
                                        (near.empty() ? "; it has " + someOf(values) : near));
         }

@@ -48,15 +48,20 @@ int unknownService(const std::string& name) {
 
 int unknownOperation(const ServiceRow& service, const CallOptions& options) {
     std::vector<std::string_view> names;
-    for (const OperationRow& operation : service.operations)
-        names.emplace_back(options.request.empty() || options.operation != operation.name
-                               ? operation.name
-                               : operation.request);
+    std::string requests; // of the operation, when there is one of that name
+    for (const OperationRow& operation : service.operations) {
+        names.emplace_back(operation.name);
+        if (options.operation == operation.name)
+            requests.append(requests.empty() ? "" : ", ").append(operation.request);
+    }
+    if (!requests.empty()) {
+        std::cerr << "mrl: the operation '" << options.operation << "' has no request '" << options.request
+                  << "'; it has " << requests << '\n';
+        return e_No;
+    }
     std::ranges::sort(names);
     names.erase(std::unique(names.begin(), names.end()), names.end());
-    const bool known = std::ranges::find(names, options.operation) != names.end();
-    return notFound(known || !options.request.empty() ? "request of that operation" : "operation",
-                    options.request.empty() ? options.operation : options.request, names);
+    return notFound("operation", options.operation, names);
 }
 
 std::vector<const OperationRow*> signaturesOf(const ServiceRow& service, const CallOptions& options) {
@@ -134,10 +139,13 @@ Command addCallCommand(CLI::App& app) {
     options->add_option("--passport", settings.passport, "The id of the passport of a logon, for the header");
     options->add_option("--header", given->header,
                         "The header, an object of the class tavelHeader: JSON, @FILE or -");
-    options->add_option("--retries", settings.retries,
-                        "How often a request is sent again whose reply broke off; 0 means 10, as in the "
-                        "properties file");
-    options->add_option("--time-limit", settings.timeLimit, "Seconds for the whole call");
+    options
+        ->add_option("--retries", settings.retries,
+                     "How often a request is sent again whose reply broke off; 0 means 10, as in the "
+                     "properties file")
+        ->check(CLI::Range(0, 1000000));
+    options->add_option("--time-limit", settings.timeLimit, "Seconds for the whole call; 0 for no such limit")
+        ->check(CLI::Range(0, 1000000));
     options->add_option("--attach", given->attachments,
                         "ID=FILE or ID=FILE;TYPE: a file for what the JSON refers to by {\"@cid\": ID}");
     options->add_flag("--compress", settings.compress, "Packs the attachments with gzip");

@@ -130,7 +130,8 @@ Command addConfigCommand(CLI::App& app) {
     options->require_subcommand(1);
     options->footer(
         "Without FILE it is the file that the toolkit would load: the one that MRL_CONFIGURATION names, "
-        "else ../configuration/qzconfig.xml as seen from the programs.");
+        "else ../configuration/qzconfig.xml as seen from the programs.\n"
+        "Exit codes: 0 done, 1 the file cannot be used, 2 wrong usage.");
     const auto given = std::make_shared<ConfigOptions>();
     CLI::App* const checking =
         options->add_subcommand("check", "Finds mistakes: one line each, with its place and the remedy");

@@ -19,8 +19,11 @@ Command addKeysCommand(CLI::App& app) {
         options->add_subcommand("list", "Checks the store and names its keys, never what they are");
     CLI::App* rotate =
         options->add_subcommand("rotate", "Adds a key that writes from now on; all keys go on reading");
-    for (CLI::App* action : {init, list, rotate})
+    for (CLI::App* action : {init, list, rotate}) {
         action->fallthrough();
+        action->footer("--store FILE takes another store, as `mrl keys --help` tells.\n"
+                       "Exit codes: 0 done, 1 the store cannot be used, 2 wrong usage.");
+    }
     return {options, [=]() -> int {
                 const std::string path = keyStorePath(*store);
                 if (init->parsed())

@@ -7,13 +7,7 @@
 namespace mrl::tool {
 
 ExitCode notFound(std::string_view what, std::string_view name, const std::vector<std::string_view>& names) {
-    std::cerr << "mrl: there is no " << what << " '" << name << "'";
-    const char* separator = "; did you mean ";
-    for (const std::string_view near : nearest(name, names)) {
-        std::cerr << separator << near;
-        separator = ", ";
-    }
-    std::cerr << '\n';
+    std::cerr << "mrl: there is no " << what << " '" << name << "'" << proposal(name, names) << '\n';
     return e_No;
 }
 

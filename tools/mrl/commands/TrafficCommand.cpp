@@ -50,12 +50,7 @@ void addLines(Secrets& secrets, const std::string& path) {
 }
 
 int list(const TrafficOptions& options) {
-    const Recording recording = Recording::read(options.directory);
-    if (recording.calls.empty()) {
-        std::cerr << "mrl: there is no recorded call in '" << options.directory << "'\n";
-        return e_No;
-    }
-    printList(recording, std::cout);
+    printList(Recording::readCalls(options.directory), std::cout);
     return e_Ok;
 }
 
@@ -72,7 +67,7 @@ int diff(const TrafficOptions& options) {
     PathRules rules = options.strict ? PathRules() : PathRules::volatilePlaces();
     addTo(rules, options);
     const std::size_t differing =
-        printDifferences(Recording::read(options.directory), Recording::read(options.other), rules,
+        printDifferences(Recording::readCalls(options.directory), Recording::readCalls(options.other), rules,
                          options.requestsOnly ? Compared::requests : Compared::all, std::cout);
     return differing == 0 ? e_Ok : e_No;
 }

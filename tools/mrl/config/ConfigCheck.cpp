@@ -91,7 +91,7 @@ public:
             }
             add(Finding::eDoubtful, property.place,
                 "the toolkit does not know the property " + quoted(property.name) +
-                    proposal(property.name, names));
+                    proposal(property.name, names, MOST_PROPOSED));
         } else if (property.name == "advancedSettings") {
             lookAtSettings(property);
         } else if (property.name == "bus") {
@@ -143,7 +143,7 @@ private:
             if (known == MRLAdvancedSetting::all().end()) {
                 add(Finding::eDoubtful, entry.place,
                     "the toolkit does not know the setting " + quoted(entry.path) +
-                        proposal(entry.path, names));
+                        proposal(entry.path, names, MOST_PROPOSED));
                 continue;
             }
             if (const std::string expected = expectedBy(*known, entry.value); !expected.empty()) {
@@ -167,7 +167,7 @@ private:
                        candidate.place.column == finding.place.column;
             });
             if (entry != property.entries.end() && std::ranges::find(names, entry->path) == names.end()) {
-                finding.words += proposal(entry->path, names);
+                finding.words += proposal(entry->path, names, MOST_PROPOSED);
             }
             m_findings.push_back(std::move(finding));
         }
@@ -178,7 +178,7 @@ private:
         for (const HBLConfigurationEntry& entry : property.entries) {
             const std::string name = entry.path.substr(entry.path.rfind('/') + 1);
             const bool isKnown = std::ranges::find(names, name) != names.end();
-            if (const std::string near = proposal(name, names); !isKnown && !near.empty()) {
+            if (const std::string near = proposal(name, names, MOST_PROPOSED); !isKnown && !near.empty()) {
                 add(Finding::eDoubtful, entry.place,
                     "the toolkit does not know the parameter " + quoted(name) + near);
             }

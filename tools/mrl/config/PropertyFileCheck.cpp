@@ -2,6 +2,7 @@
 
 #include "Session/MRLPropertyFile.h"
 #include "config/Wording.h"
+#include "lookup/Nearest.h"
 
 #include "HBLIDOM/HBLIDOM_Helper.h"
 #include "HBLIDOM/HBLIDOM_Parser.h"
@@ -119,7 +120,7 @@ private:
         for (const MRLPropertyFile::Number& number : MRLPropertyFile::s_numbers) {
             names.push_back(number.name);
         }
-        if (const std::string near = proposal(name, names); !near.empty()) {
+        if (const std::string near = proposal(name, names, MOST_PROPOSED); !near.empty()) {
             add(at, "the toolkit does not know the property " + quoted(name) + near);
         }
     }

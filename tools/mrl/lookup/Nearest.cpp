@@ -49,4 +49,12 @@ std::vector<std::string_view> nearest(std::string_view wanted, const std::vector
     return result;
 }
 
+std::string proposal(std::string_view wanted, const std::vector<std::string_view>& names, std::size_t count) {
+    const std::vector<std::string_view> near = nearest(wanted, names, count);
+    std::string text;
+    for (std::size_t i = 0; i < near.size(); ++i)
+        text.append(i == 0 ? "; did you mean " : i + 1 < near.size() ? ", " : " or ").append(near[i]);
+    return text.empty() ? text : text + '?';
+}
+
 } // namespace mrl::tool

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,5 +15,9 @@ std::size_t editDistance(std::string_view a, std::string_view b);
 /// further away than a third of the letters of `wanted`.
 std::vector<std::string_view> nearest(std::string_view wanted, const std::vector<std::string_view>& names,
                                       std::size_t count = 5);
+
+/// "; did you mean a, b or c?" with the nearest names, or nothing when none is near.
+std::string proposal(std::string_view wanted, const std::vector<std::string_view>& names,
+                     std::size_t count = 5);
 
 } // namespace mrl::tool

@@ -1,6 +1,7 @@
 #include "traffic/ChildProcess.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <iostream>
@@ -13,28 +14,42 @@ namespace mrl::tool {
 
 namespace {
 
-/// Leaves the interrupts of the terminal to the child.
-class InterruptsIgnored {
+std::atomic<pid_t> s_child{0};
+
+extern "C" void passOn(int signal) {
+    if (const pid_t child = s_child.load(); child > 0)
+        ::kill(child, signal);
+}
+
+/// Leaves the interrupts of the terminal to the child, which gets them too, and passes on what this process
+/// alone is told to end by: what was recorded until then is still reported.
+class SignalsForChild {
 public:
-    InterruptsIgnored() {
+    SignalsForChild() {
         struct sigaction ignore {};
         ignore.sa_handler = SIG_IGN;
+        struct sigaction pass {};
+        pass.sa_handler = &passOn;
         ::sigaction(SIGINT, &ignore, &m_interrupt);
         ::sigaction(SIGQUIT, &ignore, &m_quit);
+        ::sigaction(SIGTERM, &pass, &m_end);
     }
-    ~InterruptsIgnored() {
+    ~SignalsForChild() {
         ::sigaction(SIGINT, &m_interrupt, nullptr);
         ::sigaction(SIGQUIT, &m_quit, nullptr);
+        ::sigaction(SIGTERM, &m_end, nullptr);
+        s_child = 0;
     }
-    InterruptsIgnored(const InterruptsIgnored&) = delete;
-    InterruptsIgnored& operator=(const InterruptsIgnored&) = delete;
+    SignalsForChild(const SignalsForChild&) = delete;
+    SignalsForChild& operator=(const SignalsForChild&) = delete;
 
 private:
     struct sigaction m_interrupt {};
     struct sigaction m_quit {};
+    struct sigaction m_end {};
 };
 
-/// The defaults of the signals that this process ignores meanwhile.
+/// The defaults of the signals that this process ignores meanwhile, and of the one that a library blocks.
 class Attributes {
 public:
     Attributes() {
@@ -44,7 +59,11 @@ public:
         ::sigaddset(&defaults, SIGINT);
         ::sigaddset(&defaults, SIGQUIT);
         ::posix_spawnattr_setsigdefault(&m_attributes, &defaults);
-        ::posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGDEF);
+        sigset_t blocked;
+        ::pthread_sigmask(SIG_SETMASK, nullptr, &blocked);
+        ::sigdelset(&blocked, SIGPIPE);
+        ::posix_spawnattr_setsigmask(&m_attributes, &blocked);
+        ::posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
     }
     ~Attributes() { ::posix_spawnattr_destroy(&m_attributes); }
     Attributes(const Attributes&) = delete;
@@ -84,11 +103,18 @@ int runChild(const std::vector<std::string>& command,
              const std::vector<std::pair<std::string, std::string>>& variables) {
     std::vector<std::string> arguments = command;
     std::vector<std::string> environment = environmentWith(variables);
-    const InterruptsIgnored ignored;
+    const SignalsForChild signals;
     const Attributes attributes;
+    sigset_t before;
+    sigset_t end; // waits until there is a child to pass it on to
+    ::sigemptyset(&end);
+    ::sigaddset(&end, SIGTERM);
+    ::pthread_sigmask(SIG_BLOCK, &end, &before);
     pid_t child = 0;
     const int error = ::posix_spawnp(&child, command.front().c_str(), nullptr, attributes.get(),
                                      pointersInto(arguments).data(), pointersInto(environment).data());
+    s_child = error == 0 ? child : 0;
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
     if (error != 0) {
         std::cerr << "mrl: '" << command.front()
                   << "' cannot be run: " << std::generic_category().message(error) << '\n';

@@ -154,6 +154,13 @@ Recording Recording::read(const fs::path& directory) {
     return recording;
 }
 
+Recording Recording::readCalls(const fs::path& directory) {
+    Recording recording = read(directory);
+    if (recording.calls.empty())
+        throw TrafficError("there is no recorded call in '" + directory.string() + "'");
+    return recording;
+}
+
 const RecordedCall& Recording::find(std::string_view id) const {
     const RecordedCall* found = nullptr;
     for (const RecordedCall& call : calls) {

@@ -41,6 +41,8 @@ struct Recording {
 
     /// @throws TrafficError when the directory cannot be read.
     static Recording read(const std::filesystem::path& directory);
+    /// @throws TrafficError also when there is no call in it.
+    static Recording readCalls(const std::filesystem::path& directory);
 
     /// The call that an id means. The session may be left out where there is only one such call.
     /// @throws TrafficError for none and for several.

@@ -45,9 +45,7 @@ int ReplayRun::run() const {
         volatilePlaces.add(place);
     for (const std::string& file : rules)
         volatilePlaces.addFile(file);
-    Recording recording = Recording::read(directory);
-    if (recording.calls.empty())
-        throw TrafficError("there is no recorded call in '" + directory + "'");
+    Recording recording = Recording::readCalls(directory);
     for (const Finding& finding : verify(recording))
         std::cerr << "mrl: " << finding.place << ": " << finding.words << '\n';
 
