@@ -86,5 +86,5 @@ private:
     std::unique_ptr<LogPerfIndication> m_logPerfIndication; // null while the level is off
     ePerfLogType m_type;
     std::unique_ptr<HBLResourceCounterSet> m_counters; // null while the level is off; the indication reads it
-    const char* m_loggerName;                          // borrowed, may be null
+    [[maybe_unused]] const char* m_loggerName;         // borrowed, may be null
 };
