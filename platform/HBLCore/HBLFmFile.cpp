@@ -42,9 +42,10 @@ int HBLFmFile::open(const char* path, createmode mode, int flags) {
     if (m_descriptor < 0)
         return failed(), 0;
     struct stat status {};
-    if (::fstat(m_descriptor, &status) == 0 && S_ISDIR(status.st_mode)) {
+    const int unknown = ::fstat(m_descriptor, &status) == 0 ? 0 : errno; // what is in it might stay
+    if (unknown != 0 || S_ISDIR(status.st_mode)) {
         close();
-        m_error = EISDIR;
+        m_error = unknown != 0 ? unknown : EISDIR;
         return 0;
     }
     // Instead of O_TRUNC, and only where there is something: a file system may write a file that was

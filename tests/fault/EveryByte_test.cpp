@@ -1,5 +1,6 @@
 // A call whose reply ends after each of its bytes once: the caller gets the whole reply, by a retry, or one
 // clear exception, and the next call works.
+#include "Session/MRLDocIo.h"
 #include "Session/MRLSOAPSession.h"
 #include "Toolkit/MRLContentManagerServicePortType.h"
 #include "Toolkit/MRLContentQueryTenantMembership_Reply.h"
@@ -15,7 +16,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdio>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -44,6 +47,13 @@ std::string byChunks() { // one ends within a name, the next within an entity
     return bytes + "0\r\n\r\n";
 }
 
+std::string inParts() { // read to its end; nothing refers to the second part
+    const std::string body = "--B\r\nContent-Type: text/xml\r\n\r\n" + s_good +
+                             "\r\n--B\r\nContent-Type: text/csv\r\nContent-ID: <a>\r\n\r\nname,total" +
+                             "\r\n--B--";
+    return reply(body, "200 OK", "multipart/related; boundary=B; type=\"text/xml\"");
+}
+
 std::string timeLimit(const char* milliseconds) {
     return ConfigurationFile::withParameters(ConfigurationFile::parameter(
         "bus", ConfigurationFile::parameter("receive-time-limit", milliseconds)));
@@ -51,7 +61,11 @@ std::string timeLimit(const char* milliseconds) {
 
 class EveryByte : public testing::TestWithParam<std::string (*)()> {
 protected:
-    void SetUp() override { m_session.setURI(m_peer.url()); }
+    void SetUp() override {
+        MRLDocIo::initialize(); // for attachments
+        m_session.setURI(m_peer.url());
+    }
+    void TearDown() override { MRLDocIo::terminate(); }
 
     /// @return the code of the failure the call ended in; 0 with the whole reply.
     int ask(const Texts& expected = s_whole) {
@@ -103,12 +117,15 @@ TEST_P(EveryByte, MayBeTheLastBeforeTheConnectionEnds) {
 
 TEST_P(EveryByte, MayBeTheLastBeforeThePeerFallsSilent) {
     const std::size_t body = m_whole.find("\r\n\r\n") + 4;
-    for (const std::size_t length :
-         {std::size_t{0}, std::size_t{5}, body - 1, body, m_whole.find("south"), m_whole.size() - 1}) {
+    std::set<std::size_t> lengths{0, 5, body - 1, body, m_whole.size() - 1};
+    for (std::size_t length = 11; length < m_whole.size(); length += 11) { // each costs the limit
+        lengths.insert(length);
+    }
+    for (const std::size_t length : lengths) {
         SCOPED_TRACE(m_whole.substr(0, length));
         m_peer.add({m_whole.substr(0, length), Answer::silence});
         {
-            const ConfigurationFile brief(timeLimit("40"));
+            const ConfigurationFile brief(timeLimit("30"));
             ASSERT_EQ(static_cast<int>(TavelTKError::receiveTimedOut), ask());
         }
         m_peer.add({m_whole});
@@ -122,9 +139,11 @@ TEST_P(EveryByte, LeavesNothingBehindInAnEmptyReplyThatFollows) {
     EXPECT_EQ(0, ask({}));
 }
 
+constexpr std::array NAMES{"ByLength", "ByChunks", "InParts"};
+
 INSTANTIATE_TEST_SUITE_P(Session, EveryByte,
                          testing::Values(
-                             +[] { return reply(s_good); }, &byChunks),
-                         [](const auto& row) { return row.index == 0 ? "ByLength" : "ByChunks"; });
+                             +[] { return reply(s_good); }, &byChunks, &inParts),
+                         [](const auto& row) { return NAMES[row.index]; });
 
 } // namespace

@@ -39,6 +39,12 @@ ScriptedPeer::ScriptedPeer(std::vector<Answer> answers, const Poco::Net::ServerS
     , m_listener(listener)
     , m_thread([this] { listen(); }) {}
 
+ScriptedPeer::ScriptedPeer(std::function<Answer(const std::string&)> answer,
+                           const Poco::Net::ServerSocket& listener)
+    : m_answer(std::move(answer))
+    , m_listener(listener)
+    , m_thread([this] { listen(); }) {}
+
 ScriptedPeer::~ScriptedPeer() {
     m_stopped = true;
     m_thread.join();
@@ -84,19 +90,24 @@ void ScriptedPeer::listen() {
             ++m_open;
             ++m_connections;
             auto accepted = std::make_unique<Poco::Net::StreamSocket>(m_listener.acceptConnection());
-            m_servers.emplace_back([this, socket = std::move(accepted)] {
+            m_servers.emplace_back([this, socket = std::move(accepted)]() mutable {
                 try {
                     serve(*socket);
                 } catch (const Poco::Exception&) {
                     // The client under test has gone away.
                 }
+                socket.reset();
                 --m_open;
             });
         }
 }
 
-bool ScriptedPeer::next(Answer& answer) {
+bool ScriptedPeer::next(const std::string& request, Answer& answer) {
     const std::lock_guard lock(m_mutex);
+    if (m_answer) {
+        answer = m_answer(request);
+        return true;
+    }
     if (m_answers.empty())
         return false;
     answer = m_answers.front();
@@ -126,8 +137,8 @@ bool ScriptedPeer::receive(Poco::Net::StreamSocket& socket, std::string& request
 
 void ScriptedPeer::serve(Poco::Net::StreamSocket& socket) {
     for (;;) {
+        std::string request;
         if (takesRequest()) {
-            std::string request;
             const bool isWhole = receive(socket, request);
             const std::lock_guard lock(m_mutex);
             if (!isWhole) {
@@ -140,7 +151,7 @@ void ScriptedPeer::serve(Poco::Net::StreamSocket& socket) {
             }
         }
         Answer answer;
-        if (!next(answer))
+        if (!next(request, answer))
             return;
         if (!answer.bytes.empty())
             socket.sendBytes(answer.bytes.data(), static_cast<int>(answer.bytes.size()), MSG_NOSIGNAL);

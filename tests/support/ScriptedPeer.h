@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -24,6 +25,9 @@ class ScriptedPeer {
 public:
     /// @param listener a bound one, if not a plain one on a free port.
     explicit ScriptedPeer(std::vector<Answer> answers = {},
+                          const Poco::Net::ServerSocket& listener = loopbackListener());
+    /// @param answer makes each answer from the request, one at a time; for peers whose callers may go away.
+    explicit ScriptedPeer(std::function<Answer(const std::string& request)> answer,
                           const Poco::Net::ServerSocket& listener = loopbackListener());
     ~ScriptedPeer();
 
@@ -45,9 +49,10 @@ private:
     void serve(Poco::Net::StreamSocket& socket);
     bool receive(Poco::Net::StreamSocket& socket, std::string& request);
     bool takesRequest() const;
-    bool next(Answer& answer);
+    bool next(const std::string& request, Answer& answer);
 
     mutable std::mutex m_mutex;
+    std::function<Answer(const std::string&)> m_answer; // if set, instead of the list
     std::deque<Answer> m_answers;
     std::vector<std::string> m_requests;
     std::string m_incomplete;

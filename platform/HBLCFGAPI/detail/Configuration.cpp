@@ -7,6 +7,9 @@
 #include "HBLCore/HBLFmDir.h"
 #include "HBLIDOM/HBLIDOM_Parser.h"
 
+#include <cerrno>
+#include <system_error>
+
 namespace mrl::detail {
 
 void Configuration::configure(const HBLIDOM_Element& element) {
@@ -91,6 +94,12 @@ Configuration::Shared Configuration::getState() const {
 Configuration::Shared Configuration::readDefaultLocation() {
     const auto [path, isFromEnvironment] = HBLConfigurationFactory::getDefaultLocation();
     if (HBLFmDir::exists(path.c_str(), 0) == 0) {
+        if (const int error = errno; error != ENOENT && error != ENOTDIR) { // it may be there
+            HBL_THROW(HBLConfigurationError({path, 0, 0}, "expected a configuration file, or none; it "
+                                                          "cannot be looked for: " +
+                                                              std::generic_category().message(error)),
+                      "IHBLConfiguration::load");
+        }
         if (isFromEnvironment) {
             HBL_THROW(
                 HBLConfigurationError(

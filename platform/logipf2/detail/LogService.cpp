@@ -58,6 +58,7 @@ void LogService::stop() {
         return;
     }
     s_nextLook = NEVER;
+    m_trouble.clear();
     apply({});
     m_outputs.reset();
     m_isStarted = false;
@@ -88,7 +89,7 @@ void LogService::look(std::int64_t due) {
         return;
     }
     const Stamp stamp = Stamp::of(m_location.path);
-    if (stamp != m_stamp) {
+    if (stamp != m_stamp || !m_trouble.empty()) { // what failed may have been the disk
         m_stamp = stamp;
         read();
     }
@@ -98,13 +99,18 @@ void LogService::read() {
     std::string trouble;
     try {
         apply(readLogConfiguration(m_location.path));
+        m_trouble.clear();
         return;
     } catch (HBLThrowable& e) {
         trouble = e.getMessage();
     } catch (const std::exception& e) { // no memory, no thread for the queue
         trouble = m_location.path + ": " + e.what();
     }
-    tellOperator(trouble + (m_outputs == nullptr ? " (nothing is logged)" : " (logging goes on as before)"));
+    if (trouble != m_trouble) {
+        tellOperator(trouble +
+                     (m_outputs == nullptr ? " (nothing is logged)" : " (logging goes on as before)"));
+        m_trouble = trouble;
+    }
 }
 
 void LogService::apply(LogConfiguration configuration) {

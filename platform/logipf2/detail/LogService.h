@@ -78,6 +78,7 @@ private:
     std::atomic<bool> m_isStarted = false;
     LogIPFControl::Location m_location;
     Stamp m_stamp;
+    std::string m_trouble; // why the configuration was not taken; empty when it was
     LogConfiguration m_configuration;
     std::shared_ptr<LogOutputs> m_outputs; // null while nothing is configured
 
