@@ -6,15 +6,36 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdarg>
+#include <cstdio>
 #include <functional>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <syslog.h>
 #include <thread>
 
 using mrl::test::LogHarness;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::SizeIs;
+
+namespace {
+
+/// What the system's log was given: priority and text.
+std::vector<std::pair<int, std::string>> s_systemLog;
+
+} // namespace
+
+/// In front of the system's own.
+extern "C" [[gnu::visibility("default")]] void syslog(int priority, const char* format, ...) {
+    std::array<char, 200'000> text{};
+    va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(text.data(), text.size(), format, arguments);
+    va_end(arguments);
+    s_systemLog.emplace_back(priority, text.data());
+}
 
 namespace {
 
@@ -106,6 +127,23 @@ TEST(FileSink, ThatCannotBeWrittenCostsNoCallAndTellsOfTheGap) {
     write("4");
     EXPECT_THAT(testing::internal::GetCapturedStderr(),
                 HasSubstr("cannot write to it: No space left on device;"));
+}
+
+TEST(SystemLogSink, GetsEachRecordAsItIsUnderItsFacilityAndSeverity) {
+    const LogHarness log(configuration(R"({"type": "syslog", "facility": "local3"})"));
+    write("100 %s %n");
+    EXPECT_THAT(s_systemLog, ElementsAre(std::pair(LOG_LOCAL3 | LOG_ERR, lineOf("100 %s %n"))));
+    s_systemLog.clear();
+    testing::internal::CaptureStderr();
+    write(std::string(200'000, 'x'));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("bytes is more than it takes"));
+    LogAuditIndication record("MRL", 7);
+    record.setLevel(20000);
+    LogTypedLogger::getInstance("Audit", "LogAuditIndication")->log(&record);
+    ASSERT_THAT(s_systemLog, SizeIs(2));
+    EXPECT_THAT(s_systemLog[0].second, HasSubstr("\"lost\":1"));
+    EXPECT_EQ(LOG_LOCAL3 | LOG_INFO, s_systemLog[1].first);
+    s_systemLog.clear();
 }
 
 TEST(StandardErrorSink, WritesLinesAndSurvivesAReaderThatHasGone) {
