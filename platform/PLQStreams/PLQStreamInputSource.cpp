@@ -4,6 +4,8 @@
 
 #include <xercesc/util/BinInputStream.hpp>
 
+#include <algorithm>
+
 namespace {
 
 class StreamReader : public xercesc::BinInputStream {
@@ -14,9 +16,14 @@ public:
     XMLFilePos curPos() const override { return m_position; }
 
     XMLSize_t readBytes(XMLByte* buffer, XMLSize_t count) override {
-        const std::size_t got = m_in.read(reinterpret_cast<char*>(buffer), count);
-        if (PLQInputStream::isEnd(got))
-            return 0;
+        const std::size_t least = m_position == 0 ? std::min(count, s_probe) : std::min<XMLSize_t>(count, 1);
+        std::size_t got = 0;
+        while (got < least) {
+            const std::size_t more = m_in.read(reinterpret_cast<char*>(buffer) + got, count - got);
+            if (PLQInputStream::isEnd(more))
+                break;
+            got += more;
+        }
         m_position += got;
         return got;
     }
@@ -24,6 +31,10 @@ public:
     const XMLCh* getContentType() const override { return nullptr; }
 
 private:
+    // The parser tells the encoding from what its first read gives, and from less than this it may take
+    // UTF-16 for UTF-8.
+    static constexpr XMLSize_t s_probe = 64;
+
     PLQInputStream& m_in;
     XMLFilePos m_position = 0;
 };

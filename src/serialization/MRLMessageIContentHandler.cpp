@@ -179,6 +179,7 @@ void MRLMessageIContentHandler::startInSecurityException(const Element& element)
         m_soapFault->setZORException(adopted(*m_objectRegistry, hblNew<MRLZORException>(HBL_HERE)));
         m_zorExceptionContentHander.reset(hblNew<MRLZORExceptionContentHandler>(
             HBL_HERE, m_soapFault, m_converter, m_objectRegistry, m_inScopePrefixMappings));
+        m_zorExceptionContentHander->setArrayItems(m_arrayItems);
     }
     m_zorExceptionContentHander->startElement(element.uri, element.localName, element.qName,
                                               *element.attributes);
@@ -310,6 +311,7 @@ void MRLMessageIContentHandler::createInner(const Element& element, MRLSchemaTyp
         m_converter));
     m_schemaTypeContentHandler->setAttachmentHandler(m_attachmentHandler);
     m_schemaTypeContentHandler->setKeepsNames();
+    m_schemaTypeContentHandler->setArrayItems(m_arrayItems);
 }
 
 /// The first element is bound by its position and may carry any name; the others by their names.

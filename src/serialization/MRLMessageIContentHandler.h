@@ -3,6 +3,7 @@
 #include "Toolkit/MRLSchemaTypeI.h"
 #include "serialization/MRLContentHandler.h"
 #include "serialization/MRLPrefixMapping.h"
+#include "serialization/MRLReaderLimits.h"
 
 #include "HBLCore/HBLSmartPointer.h"
 
@@ -36,6 +37,8 @@ public:
     void setObjectRegistry(MRLObjectRegistryI* registry) { m_objectRegistry = registry; }
     /// Takes the references to attachments; set before the parse, borrowed, null for none.
     void setAttachmentHandler(MRL_AttachmentHandler* handler) { m_attachmentHandler = handler; }
+    /// The items that one array may have; set before the parse.
+    void setArrayItems(std::uint32_t most) { m_arrayItems = most; }
 
     MRLTavelHeader* getTavelHeader() const { return m_tavelHeader; }
     /// The fault that the envelope carries; null when it carries none.
@@ -101,4 +104,5 @@ private:
     std::unique_ptr<MRLSchemaTypeIContentHandler> m_schemaTypeContentHandler;
     std::unique_ptr<MRLZORExceptionContentHandler> m_zorExceptionContentHander;
     MRL_AttachmentHandler* m_attachmentHandler = nullptr; // borrowed
+    std::uint32_t m_arrayItems = MRLReaderLimits().arrayItems;
 };

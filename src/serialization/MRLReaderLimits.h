@@ -12,8 +12,11 @@ struct MRL_EXPORT MRLReaderLimits {
     std::uint32_t elementDepth = 512;
     /// Attributes of one element, namespace declarations included.
     std::uint32_t attributesOfElement = 256;
-    /// Children of one element, the items of an array among them.
+    /// Children of one element, those that nobody knows among them.
     std::uint32_t childrenOfElement = 2'000'000;
+    /// Items of one array, however many elements they come in. What an array claims to have counts for
+    /// nothing.
+    std::uint32_t arrayItems = 1'000'000;
     /// UTF-16 units in the text of one element.
     std::uint64_t textLength = 64ULL * 1024 * 1024;
     /// Bytes of one piece of markup: a tag with its attributes, a comment, a CDATA section.

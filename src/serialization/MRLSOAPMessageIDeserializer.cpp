@@ -111,6 +111,7 @@ void MRLSOAPMessageIDeserializer::parse(PLQInputStream& stream, MRLMessageIConte
 void MRLSOAPMessageIDeserializer::run(PLQInputStream& stream, MRLMessageIContentHandler& handler) {
     handler.setObjectRegistry(m_objectRegistry.get());
     handler.setAttachmentHandler(m_attachmentHandler);
+    handler.setArrayItems(m_limits.arrayItems);
     mrl::detail::GuardedInput input(stream, m_limits);
     EnvelopeGuard guard(handler, input, m_limits);
     LentReader reader;

@@ -1,12 +1,14 @@
 #include "serialization/MRLSchemaTypeIContentHandler.h"
 
 #include "Toolkit/MRLObjectRegistryI.h"
+#include "Toolkit/MRLSchemaTypeArrayI.h"
 #include "Toolkit/MRLSchemaTypeRows.h"
 #include "Toolkit/MRLSchemaTypesFactory.h"
 #include "Toolkit/MRLUndocumentedFaultDetail.h"
 #include "Toolkit/MRLUndocumentedFaultDetailArray.h"
 #include "Toolkit/MRLZOR_Unsupported.h"
 #include "serialization/detail/Adopt.h"
+#include "serialization/detail/GuardedInput.h"
 #include "serialization/detail/Throw.h"
 #include "serialization/detail/Utf8.h"
 
@@ -233,6 +235,9 @@ bool MRLSchemaTypeIContentHandler::isRepeated(ElementEntry& parent, const char* 
 
 void MRLSchemaTypeIContentHandler::startItem(ElementEntry& parent, const ElementName& name,
                                              ObjectType xsiType) {
+    if (static_cast<const MRLSchemaTypeArrayI*>(parent.object())->size() >= m_arrayItems) {
+        mrl::detail::limitExceeded("items of an array", "arrayItems", m_arrayItems);
+    }
     const bool isFaultDetail = parent.getParamType() == MRLSchemaTypeI::eMRLFaultDetailArray ||
                                parent.getParamType() == MRLSchemaTypeI::eMRLUndocumentedFaultDetailArray;
     if (isFaultDetail && xsiType != MRLSchemaTypeI::eMRLFaultDetail) {

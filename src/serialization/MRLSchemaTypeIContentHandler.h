@@ -4,6 +4,7 @@
 #include "Toolkit/MRL_String.h"
 #include "serialization/MRLContentHandler.h"
 #include "serialization/MRLPrefixMapping.h"
+#include "serialization/MRLReaderLimits.h"
 #include "serialization/detail/ElementStack.h"
 #include "serialization/detail/TextMap.h"
 
@@ -60,6 +61,9 @@ public:
     /// The source of the events keeps each name of an element and of a namespace in one place for as long as
     /// the document lasts, as the parser does, so that names once compared are known by their place.
     void setKeepsNames() { m_keepsNames = true; }
+
+    /// The items that one array may have: MRLReaderLimits::arrayItems.
+    void setArrayItems(std::uint32_t most) { m_arrayItems = most; }
 
 private:
     using ElementEntry = mrl::detail::ElementEntry;
@@ -135,6 +139,7 @@ private:
     bool m_credentialSeen = false;
     MRLSchemaTypeI* m_credential = nullptr; // borrowed from the registry
     std::uint32_t m_skipDepth = 0;
+    std::uint32_t m_arrayItems = MRLReaderLimits().arrayItems;
     std::string m_typeName; // kept for its room
     Name m_spareName;       // of an element whose name m_names has no room for
     mrl::detail::TextMap<Name> m_names;

@@ -34,6 +34,7 @@ void MRLZORExceptionContentHandler::startElement(const XMLCh* uri, const XMLCh* 
     m_schemaTypeContentHandler.reset(hblNew<MRLSchemaTypeIContentHandler>(
         HBL_HERE, localname, attributes, m_inScopePrefixMappings, MRLSchemaTypeI::eMRLZORException,
         m_objectRegistry, m_converter));
+    m_schemaTypeContentHandler->setArrayItems(m_arrayItems);
 }
 
 void MRLZORExceptionContentHandler::endElement(const XMLCh* uri, const XMLCh* localname, const XMLCh* qname) {

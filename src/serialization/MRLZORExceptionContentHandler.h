@@ -2,6 +2,7 @@
 
 #include "serialization/MRLContentHandler.h"
 #include "serialization/MRLPrefixMapping.h"
+#include "serialization/MRLReaderLimits.h"
 
 #include <cstdint>
 #include <memory>
@@ -22,6 +23,9 @@ public:
     /// The number of elements open; 0 when the exception has ended.
     std::int32_t getDepth() const { return m_depth; }
 
+    /// The items that one array may have; set before the first element.
+    void setArrayItems(std::uint32_t most) { m_arrayItems = most; }
+
     void startDocument() override;
     void endDocument() override;
     void startElement(const XMLCh* uri, const XMLCh* localname, const XMLCh* qname,
@@ -33,6 +37,7 @@ public:
 
 private:
     std::int32_t m_depth = 0;
+    std::uint32_t m_arrayItems = MRLReaderLimits().arrayItems;
     MRLSOAPFault* m_soapFault;            // borrowed
     MRLObjectRegistryI* m_objectRegistry; // borrowed
     MRLPrefixMappings m_inScopePrefixMappings;

@@ -5,11 +5,15 @@
 #include "Toolkit/MRLObjectRegistryI.h"
 #include "Toolkit/MRLPortTypeBinding.h"
 #include "serialization/MRLSOAPMessageIDeserializer.h"
+#include "serialization/MRLSOAPMessageISerializer.h"
 #include "support/ChunkedStream.h"
 #include "support/Files.h"
 
 #include "HBLCore/HBLSmartPointer.h"
+#include "HBLCore/HBLThrowable.h"
 #include "PLQStreams/PLQMemoryOutputStream.h"
+
+#include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
@@ -62,11 +66,31 @@ struct Call {
     MRLMessageI& request() const { return binding->getInputMessage(); }
     MRLMessageI& reply() const { return binding->getOutputMessage(); }
 
-    /// Reads `document` as the reply.
-    void read(std::string_view document, std::size_t chunk = 4096) {
+    /// Reads `document` as the reply, in pieces of `chunk` bytes.
+    void read(std::string_view document, std::size_t chunk) {
         ChunkedStream stream(document, chunk);
         MRLSOAPMessageIDeserializer reader;
         reader.parse(stream, *binding, reply());
+    }
+
+    /// Reads `document` as the reply; pieces of every size must come to the same.
+    void read(std::string_view document) {
+        const auto outcome = [&](std::size_t chunk) -> std::string {
+            Call call(request().getMessageType());
+            try {
+                call.read(document, chunk);
+                return written([&](PLQOutputStream& out) {
+                    MRLSOAPMessageISerializer().serialize(*call.binding, call.reply(), out, nullptr, 0, 0);
+                });
+            } catch (const HBLThrowable& e) {
+                return std::string(e.getThrowableName()) + ": " + e.getMessage();
+            }
+        };
+        const std::string whole = outcome(document.size() + 1);
+        for (const std::size_t chunk : chunkSizes) {
+            EXPECT_EQ(outcome(chunk), whole) << "in pieces of " << chunk;
+        }
+        read(document, document.size() + 1);
     }
 
     HBLSmartPointer<MRLPortTypeBinding> binding;

@@ -138,6 +138,11 @@ INSTANTIATE_TEST_SUITE_P(
               "<a b='' c='' d='' e='' f='' g='' h=''/>", "6 (MRLReaderLimits::attributesOfElement)"},
         Limit{"Children", with([](auto& l) { l.childrenOfElement = 3; }), "<a/><a/><a/><a/>",
               "3 (MRLReaderLimits::childrenOfElement)"},
+        Limit{
+            "ArrayItems", with([](auto& l) { l.arrayItems = 3; }),
+            "</x><b:tavelHeader><ZOR><roles><item>a</item><item/></roles><roles><item/><item/></roles></ZOR>"
+            "</b:tavelHeader><x>",
+            "3 (MRLReaderLimits::arrayItems)"},
         Limit{"Text", with([](auto& l) { l.textLength = 100; }), repeated("a", 101),
               "100 (MRLReaderLimits::textLength)"},
         Limit{"TextInPieces", with([](auto& l) { l.textLength = 100; }), repeated("a<!-- -->", 101),

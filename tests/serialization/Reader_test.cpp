@@ -128,16 +128,14 @@ TEST_P(AssertedReply, FailsItsAssertion) {
 
 // --- what is read -----------------------------------------------------------------------------------
 
-TEST(Reader, EachPieceSizeGivesTheSameObjects) {
-    for (const std::size_t chunk : chunkSizes) {
-        Call call;
-        call.read(golden("query_reply.xml"), chunk);
-        MRLBaseClassArray& result = resultOf(call);
-        ASSERT_EQ(result.size(), 3U);
-        EXPECT_EQ(result.at(0)->getObjectType(), MRLSchemaTypeI::eMRLReport);
-        EXPECT_EQ(result.at(2)->getObjectType(), MRLSchemaTypeI::eMRLAccount);
-        EXPECT_STREQ(result.at(0)->getDefaultName()->getValue(), "Ums\u00e4tze <2024> \U0001F4C8");
-    }
+TEST(Reader, DerivedClassesAreReadAsThemselves) {
+    Call call;
+    call.read(golden("query_reply.xml"));
+    MRLBaseClassArray& result = resultOf(call);
+    ASSERT_EQ(result.size(), 3U);
+    EXPECT_EQ(result.at(0)->getObjectType(), MRLSchemaTypeI::eMRLReport);
+    EXPECT_EQ(result.at(2)->getObjectType(), MRLSchemaTypeI::eMRLAccount);
+    EXPECT_STREQ(result.at(0)->getDefaultName()->getValue(), "Ums\u00e4tze <2024> \U0001F4C8");
 }
 
 TEST(Reader, EncodingsOtherThanUtf8AreRead) {
@@ -148,14 +146,15 @@ TEST(Reader, EncodingsOtherThanUtf8AreRead) {
     EXPECT_STREQ(reportIn(call).getDefaultName()->getValue(), "\u00e4");
 
     const std::string ascii = reportWith("<defaultName><value>w</value></defaultName>");
-    std::string wide = "\xFF\xFE";
-    for (const char c : ascii) {
-        wide += c;
-        wide += '\0';
+    for (std::string wide : {"", "\xFF\xFE"}) { // the byte order may be told by the declaration alone
+        for (const char c : ascii) {
+            wide += c;
+            wide += '\0';
+        }
+        Call other;
+        other.read(wide);
+        EXPECT_STREQ(reportIn(other).getDefaultName()->getValue(), "w");
     }
-    Call other;
-    other.read(wide, 3);
-    EXPECT_STREQ(reportIn(other).getDefaultName()->getValue(), "w");
 }
 
 TEST(Reader, UnknownElementsAreSkippedWithAllTheyHold) {
@@ -218,13 +217,11 @@ TEST(Reader, ANilNumberAndANilObjectAreAbsent) {
     EXPECT_EQ(static_cast<MRLContentQuery_Reply&>(call.reply()).getResult(), nullptr);
 }
 
-TEST(Reader, TextKeepsItsBlanksEntitiesAndCDataWholeInAnyPieces) {
-    for (const std::size_t chunk : chunkSizes) {
-        Call call(TEXT);
-        call.read(replyWith("<r> a&amp;b<![CDATA[<c>]]>&#x1F4C8;<!-- no --> </r>"), chunk);
-        EXPECT_STREQ(static_cast<MRLContentGetActiveContentManager_Reply&>(call.reply()).getResult(),
-                     " a&b<c>\U0001F4C8 ");
-    }
+TEST(Reader, TextKeepsItsBlanksEntitiesAndCData) {
+    Call call(TEXT);
+    call.read(replyWith("<r> a&amp;b<![CDATA[<c>]]>&#x1F4C8;<!-- no --> </r>"));
+    EXPECT_STREQ(static_cast<MRLContentGetActiveContentManager_Reply&>(call.reply()).getResult(),
+                 " a&b<c>\U0001F4C8 ");
 }
 
 TEST(Reader, AVeryLongTextOfPairsArrivesWhole) {
@@ -246,15 +243,13 @@ TEST(Reader, TheHeaderIsReadAroundWhatWasMisunderstood) {
         "<other>text</other>"
         "<b:tavelHeader><ZOR><ZORPassport><id>p</id></ZORPassport>"
         "<securityBlob>IFlX\nSmo=</securityBlob></ZOR></b:tavelHeader></s:Header><s:Body><r/></s:Body>");
-    for (const std::size_t chunk : chunkSizes) {
-        Call call;
-        call.read(document, chunk);
-        MRLTavelHeader* const header = call.reply().getTavelHeader(nullptr);
-        ASSERT_NE(header, nullptr);
-        EXPECT_STREQ(header->getZOR()->getZORPassport()->getId(), "p");
-        const MRLBase64Binary& blob = *header->getZOR()->getSecurityBlob();
-        EXPECT_EQ(std::string(blob.str(), blob.pcount()), " YWJj");
-    }
+    Call call;
+    call.read(document);
+    MRLTavelHeader* const header = call.reply().getTavelHeader(nullptr);
+    ASSERT_NE(header, nullptr);
+    EXPECT_STREQ(header->getZOR()->getZORPassport()->getId(), "p");
+    const MRLBase64Binary& blob = *header->getZOR()->getSecurityBlob();
+    EXPECT_EQ(std::string(blob.str(), blob.pcount()), " YWJj");
 }
 
 TEST(Reader, WithoutAHeaderTheMessageHasNone) {
