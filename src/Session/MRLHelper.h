@@ -240,7 +240,7 @@ public:
     static int addDocumentTypeDeclaration(const char* buffer, std::size_t size, std::string& out,
                                           const char* dtdPath, const char* rootName);
     /// The address of an element, as "./a/b[2]/c": from the child of the nearest ancestor whose local name
-    /// has the CRC-32 `stopCrc` (getCrc), else from the root without the "./".
+    /// has the CRC-32 `stopCrc`, of either form of the text (getCrc), else from the root without the "./".
     /// @param indexFromZero 1 when the first of several equal siblings is [0], else it is [1].
     static void getDomXPath(const HBLIDOM_Element& element, HBLI18NBuffer& path, unsigned int stopCrc,
                             int indexFromZero);

@@ -44,6 +44,11 @@ std::uint32_t crcOf(const I18NString& text) {
     return HBLUtCrc32::crc32(text, 0, 0);
 }
 
+/// Whether `crc` is that of a name: of its bytes, as symbols have it, or of its units, as texts do.
+bool isCrcOf(const I18NString& name, std::uint32_t crc) {
+    return HBLUtCrc32::crc32(name.c_str(), 0) == crc || crcOf(name) == crc;
+}
+
 /// The nearest element beside `node` with the same tag in one direction; null if there is none.
 HBLIDOM_Node sameTagBeside(const HBLIDOM_Node& node, std::uint32_t tagCrc,
                            HBLIDOM_Node (HBLIDOM_Node::*step)() const) {
@@ -149,7 +154,7 @@ void MRLHelper::getDomXPath(const HBLIDOM_Element& element, HBLI18NBuffer& path,
         if (node.getNodeType() != HBLIDOM_Node::ELEMENT_NODE) {
             continue;
         }
-        if (crcOf(node.getLocalName()) == stopCrc) {
+        if (isCrcOf(node.getLocalName(), stopCrc)) {
             break;
         }
         steps.push_back(xpathStep(node, indexFromZero == 1 ? 0 : 1));
