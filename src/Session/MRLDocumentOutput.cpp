@@ -35,7 +35,7 @@ private:
 MRLDocumentOutput::MRLDocumentOutput() = default;
 
 MRLDocumentOutput::~MRLDocumentOutput() {
-    reset();
+    MRLDocumentOutput::reset();
 }
 
 void MRLDocumentOutput::init(const HBLByteBuffer* buffer) {
@@ -245,9 +245,7 @@ void MRLDocumentOutput::operator>>(MRLWriter& writer) {
     }
     rewind();
     if (const char* const bytes = m_docIo.str()) {
-        if (m_docIo.pcount() > 0) {
-            writer.write(bytes, m_docIo.pcount());
-        }
+        writer.write(bytes, m_docIo.pcount());
         return;
     }
     std::array<char, s_copyPiece> piece;

@@ -101,7 +101,7 @@ protected:
     /// Packs only when `compress` and `allowCompress` are not 0, and the property does not forbid it.
     void initInterface(int useOStream, int allowCompress, int compress);
     /// Gives up the document: an owned buffer, the stream, the store with its file.
-    void reset();
+    virtual void reset();
 
 private:
     bool standsOnDocIo() const;
