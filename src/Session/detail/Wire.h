@@ -1,5 +1,6 @@
 #pragma once
 
+#include "serialization/MRLFromFactory.h"
 #include "serialization/MRLSOAPMessageIDeserializerFactory.h"
 #include "serialization/MRLSOAPMessageIDeserializerI.h"
 #include "serialization/MRLSOAPMessageISerializerFactory.h"
@@ -9,24 +10,16 @@
 
 namespace mrl::detail {
 
-struct ReturnToFactory {
-    void operator()(MRLSOAPMessageISerializerI* serializer) const {
-        MRLSOAPMessageISerializerFactory::getInstance().destroy(serializer);
-    }
-    void operator()(MRLSOAPMessageIDeserializerI* deserializer) const {
-        MRLSOAPMessageIDeserializerFactory::getInstance().destroy(deserializer);
-    }
-};
-
 /// A serializer or deserializer that goes back to the factory it came from.
-using Serializer = std::unique_ptr<MRLSOAPMessageISerializerI, ReturnToFactory>;
-using Deserializer = std::unique_ptr<MRLSOAPMessageIDeserializerI, ReturnToFactory>;
+using Serializer = std::unique_ptr<MRLSOAPMessageISerializerI, MRLGiveBack<MRLSOAPMessageISerializerFactory>>;
+using Deserializer =
+    std::unique_ptr<MRLSOAPMessageIDeserializerI, MRLGiveBack<MRLSOAPMessageIDeserializerFactory>>;
 
 inline Serializer createSerializer() {
-    return Serializer(MRLSOAPMessageISerializerFactory::getInstance().create());
+    return mrlFromFactory<MRLSOAPMessageISerializerFactory>();
 }
 inline Deserializer createDeserializer() {
-    return Deserializer(MRLSOAPMessageIDeserializerFactory::getInstance().create());
+    return mrlFromFactory<MRLSOAPMessageIDeserializerFactory>();
 }
 
 } // namespace mrl::detail

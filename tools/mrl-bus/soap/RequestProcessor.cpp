@@ -7,6 +7,7 @@
 #include "Toolkit/MRLTavelHeader.h"
 #include "Toolkit/MRLZOR.h"
 #include "Toolkit/MRLZORPassport.h"
+#include "serialization/MRLFromFactory.h"
 #include "serialization/MRLSOAPMessageIDeserializerFactory.h"
 #include "serialization/MRLSOAPMessageIDeserializerI.h"
 #include "serialization/MRL_AttachmentHandler.h"
@@ -24,19 +25,12 @@
 #include "HBLCore/HBLThrowable.h"
 #include "TavelTK/TavelTKMessageReader.h"
 
-#include <memory>
 #include <string_view>
 #include <vector>
 
 namespace mrl::bus {
 
 namespace {
-
-struct GiveBack {
-    void operator()(MRLSOAPMessageIDeserializerI* reader) const {
-        MRLSOAPMessageIDeserializerFactory::getInstance().destroy(reader);
-    }
-};
 
 /// Thrown once a request is read and turns out to ask for something the bus does not do.
 struct NotOffered {
@@ -59,8 +53,7 @@ ReadRequest read(PLQInputStream& envelope, TavelTKMessageReader& message) {
     const std::vector<MRLPortTypeI*> portTypes{&MRLContentManagerServicePortType::getInstance(),
                                                &MRLReportServicePortType::getInstance(),
                                                &MRLBatchReportServicePortType::getInstance()};
-    const std::unique_ptr<MRLSOAPMessageIDeserializerI, GiveBack> reader(
-        MRLSOAPMessageIDeserializerFactory::getInstance().create());
+    const auto reader = mrlFromFactory<MRLSOAPMessageIDeserializerFactory>();
     MRL_AttachmentHandler attachments;
     reader->setAttachmentHandler(&attachments);
     ReadRequest request;

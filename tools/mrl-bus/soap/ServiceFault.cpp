@@ -5,12 +5,11 @@
 #include "Toolkit/MRLFaultDetailMessage.h"
 #include "Toolkit/MRLFaultDetailMessageArray.h"
 #include "Toolkit/MRLSOAPFault.h"
+#include "serialization/MRLFromFactory.h"
 #include "serialization/MRLSOAPFaultSerializerFactory.h"
 #include "serialization/MRLSOAPFaultSerializerI.h"
 
 #include "PLQStreams/PLQMemoryOutputStream.h"
-
-#include <memory>
 
 namespace mrl::bus {
 
@@ -18,12 +17,6 @@ namespace {
 
 constexpr std::size_t initialSize = 4096;
 constexpr std::size_t growth = 4096;
-
-struct GiveBack {
-    void operator()(MRLSOAPFaultSerializerI* serializer) const {
-        MRLSOAPFaultSerializerFactory::getInstance().destroy(serializer);
-    }
-};
 
 } // namespace
 
@@ -42,8 +35,7 @@ std::string ServiceFault::toEnvelope() const {
     fault.setDetail(&detail);
 
     PLQMemoryOutputStream out(initialSize, growth);
-    const std::unique_ptr<MRLSOAPFaultSerializerI, GiveBack> serializer(
-        MRLSOAPFaultSerializerFactory::getInstance().create());
+    const auto serializer = mrlFromFactory<MRLSOAPFaultSerializerFactory>();
     serializer->serialize(nullptr, fault, out, 1, 0);
     return {out.bytes(), out.length()};
 }

@@ -12,6 +12,7 @@
 #include "call/PropertyAccess.h"
 #include "call/StreamFiles.h"
 #include "commands/Command.h"
+#include "serialization/MRLFromFactory.h"
 #include "serialization/MRLSOAPFaultException.h"
 #include "serialization/MRLSOAPMessageISerializerFactory.h"
 #include "serialization/MRLSOAPMessageISerializerI.h"
@@ -69,14 +70,8 @@ public:
 };
 
 void printEnvelope(const char* what, const MRLPortTypeBinding& binding, MRLMessageI& message) {
-    struct GiveBack {
-        void operator()(MRLSOAPMessageISerializerI* writer) const {
-            MRLSOAPMessageISerializerFactory::getInstance().destroy(writer);
-        }
-    };
     PLQMemoryOutputStream out(pieceSize, pieceSize);
-    const std::unique_ptr<MRLSOAPMessageISerializerI, GiveBack> writer(
-        MRLSOAPMessageISerializerFactory::getInstance().create());
+    const auto writer = mrlFromFactory<MRLSOAPMessageISerializerFactory>();
     writer->serialize(const_cast<MRLPortTypeBinding&>(binding), message, out, nullptr, 1, 0);
     std::cerr << "mrl: " << what << '\n'
               << std::string_view(out.bytes(), static_cast<std::size_t>(out.length()));
