@@ -3,7 +3,8 @@
 #include "HBLCore/HBLFailure.h"
 
 MRLMessageFactory& MRLMessageFactory::getInstance() {
-    static auto* const instance = new MRLMessageFactory;
+    static auto* const instance =
+        hblRethrowing("MRLMessageFactory::getInstance", [] { return new MRLMessageFactory; });
     return *instance;
 }
 

@@ -1,10 +1,11 @@
 #include "Toolkit/MRLMessageI.h"
 
 #include "Toolkit/MRLObjectRegistryFactory.h"
-#include "Toolkit/MRLSchemaMembers.h"
 #include "Toolkit/MRLTavelHeader.h"
 
 #include "HBLCore/HBLFailure.h"
+
+#include <memory>
 
 MRLMessageI::MRLMessageI() = default;
 
@@ -27,7 +28,16 @@ void MRLMessageI::setObjectRegistry(MRLObjectRegistryI* registry) {
 }
 
 MRLTavelHeader* MRLMessageI::getTavelHeader(MRLObjectRegistryI* registry) {
-    return mrl::detail::lazyObject(m_tavelHeader, registry);
+    if (m_tavelHeader == nullptr && registry != nullptr)
+        m_tavelHeader = hblRethrowing(
+            "MRLMessageI::getTavelHeader",
+            [&] {
+                auto header = std::make_unique<MRLTavelHeader>();
+                registry->registerPointer(header.get());
+                return header.release();
+            },
+            HBLFileLocation("../Toolkit/MRLMessageI", __LINE__));
+    return m_tavelHeader;
 }
 
 void MRLMessageI::setTavelHeader(MRLTavelHeader* header) {

@@ -2,9 +2,12 @@
 
 #include "Toolkit/MRLObjectRegistry.h"
 
+#include "HBLCore/HBLFailure.h"
+
 MRLObjectRegistryFactory& MRLObjectRegistryFactory::getInstance() {
     // Never destroyed: messages may still be made while the process ends.
-    static auto* const instance = new MRLObjectRegistryFactory;
+    static auto* const instance =
+        hblRethrowing("MRLObjectRegistryFactory::getInstance", [] { return new MRLObjectRegistryFactory; });
     return *instance;
 }
 

@@ -17,6 +17,13 @@ const char* nameOf(std::uint32_t key) {
     return key == 0 ? "" : zt5omsymbols1::getChar(key);
 }
 
+/// Gives what is held to the registry; it stays the holder's when the registry cannot take it.
+template <class Holder, class... Mode>
+auto* givenTo(MRLObjectRegistryI& registry, Holder& holder, Mode... mode) {
+    hblRethrowing(nullptr, [&] { registry.registerPointer(holder.get(), mode...); });
+    return holder.release();
+}
+
 } // namespace
 
 const char* textOf(void* obj, ObjectType type) {
@@ -72,14 +79,12 @@ const char* copyText(const char* text, MRLObjectRegistryI& registry) {
         return nullptr;
     if (MRL_CharStreamable::isCharStreamable(text)) {
         std::unique_ptr<MRL_CharStreamable> copy(hblNew<MRL_CharStreamable>(HBL_HERE, text));
-        registry.registerPointer(copy.get());
-        return copy.release()->asCharStar();
+        return givenTo(registry, copy)->asCharStar();
     }
     const std::size_t size = std::strlen(text) + 1;
     std::unique_ptr<char[]> copy(hblNewChars(HBL_HERE, size));
     std::memcpy(copy.get(), text, size);
-    registry.registerPointer(copy.get(), MRLObjectRegistryI::eRSDeleteArray);
-    return copy.release();
+    return givenTo(registry, copy, MRLObjectRegistryI::eRSDeleteArray);
 }
 
 MRLBase64Binary* copyBase64(const MRLBase64Binary* other, MRLObjectRegistryI& registry) {
@@ -91,8 +96,7 @@ MRLBase64Binary* copyBase64(const MRLBase64Binary* other, MRLObjectRegistryI& re
     else if (other->pcount() != 0)
         copy->append(other->str(), other->pcount());
     copy->setIsContentId(other->getIsContentId());
-    registry.registerPointer(copy.get());
-    return copy.release();
+    return givenTo(registry, copy);
 }
 
 MRLSchemaTypeI* copyDeclared(const MRLSchemaTypeI& other, ObjectType declared, const char* className,
@@ -117,15 +121,13 @@ bool equalBase64(const MRLBase64Binary* a, const MRLBase64Binary* b) {
 }
 
 void adopt(MRLObjectRegistryI& registry, std::unique_ptr<MRLSchemaTypeI> object) {
-    registry.registerPointer(object.get());
-    static_cast<void>(object.release());
+    givenTo(registry, object);
 }
 
 MRLBase64Binary* lazyBase64(MRLBase64Binary*& field, MRLObjectRegistryI* registry) {
     if (registry != nullptr && field == nullptr) {
         std::unique_ptr<MRLBase64Binary> binary(hblNew<MRLBase64Binary>(HBL_HERE));
-        registry->registerPointer(binary.get());
-        field = binary.release();
+        field = givenTo(*registry, binary);
     }
     return field;
 }

@@ -125,7 +125,8 @@ void requireIsa(const MRLSchemaTypeI& obj, ObjectType type, const char* classNam
 } // namespace mrl::detail
 
 MRLSchemaTypesFactory& MRLSchemaTypesFactory::getInstance() {
-    static auto* const instance = new MRLSchemaTypesFactory;
+    static auto* const instance =
+        hblRethrowing("MRLSchemaTypesFactory::getInstance", [] { return new MRLSchemaTypesFactory; });
     return *instance;
 }
 
@@ -142,10 +143,11 @@ MRLSchemaTypeI& MRLSchemaTypesFactory::createCopy(const MRLSchemaTypeI& obj, MRL
     const SchemaTypeRow* const row = findSchemaType(obj.getObjectType());
     if (row == nullptr || row->copy == nullptr)
         notCreatable(row, "MRLSchemaTypesFactory::createCopy()");
-    std::unique_ptr<MRLSchemaTypeI> copy(
-        hblRethrowing("MRLSchemaTypesFactory::createCopy()", [&] { return row->copy(obj, registry); }));
-    registry.registerPointer(copy.get());
-    return *copy.release();
+    return *hblRethrowing("MRLSchemaTypesFactory::createCopy()", [&] {
+        std::unique_ptr<MRLSchemaTypeI> copy(row->copy(obj, registry));
+        registry.registerPointer(copy.get());
+        return copy.release();
+    });
 }
 
 const char* MRLSchemaTypesFactory::objectTypeToXSIType(ObjectType objType) {
