@@ -1,30 +1,24 @@
 #include "support/ConfigurationFile.h"
+#include "support/Environment.h"
 #include "support/Failure.h"
 #include "support/Files.h"
 #include "support/Table.h"
+#include "support/TemporaryDirectory.h"
+#include "support/Threads.h"
+#include "support/Xml.h"
 
 #include "HBLCFGAPI/HBLConfigurationDocument.h"
 #include "HBLCFGAPI/HBLConfigurationError.h"
 #include "HBLCFGAPI/HBLConfigurationNames.h"
-#include "HBLIDOM/HBLIDOM_DOMImplementation.h"
-#include "HBLIDOM/HBLIDOM_Helper.h"
-#include "HBLIDOM/HBLIDOM_Parser.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <sstream>
 #include <thread>
-#include <vector>
+
+using mrl::test::parsed;
 
 namespace {
-
-HBLIDOM_Document parsed(const std::string& text) {
-    HBLIDOM_Document document;
-    HBLIDOM_Parser parser;
-    EXPECT_EQ(parser.parse(text.data(), text.size(), document), 1) << parser.errorString().toUtf8();
-    return document;
-}
 
 IHBLConfiguration& service() {
     return HBLConfigurationFactory::getInstance();
@@ -102,8 +96,9 @@ TEST(Configuration, MakesTreesIndependentOfThePrefixesAround) {
 
 TEST(Configuration, IsReadFromTheDefaultPlaceOnlyOnceAndMayBeMissingThere) {
     ASSERT_EQ(::unsetenv("MRL_CONFIGURATION"), 0);
-    const std::string home = ConfigurationFile::path() + ".home";
-    ASSERT_EQ(::setenv("MRL_HOME", home.c_str(), 1), 0);
+    const mrl::test::TemporaryDirectory directory;
+    const std::string& home = directory.path();
+    const mrl::test::Variable variable("MRL_HOME", home);
     HBLConfigurationFactory::deleteInstance();
     const auto location = HBLConfigurationFactory::getDefaultLocation();
     EXPECT_EQ(location.path, home + "/configuration/qzconfig.xml");
@@ -118,8 +113,6 @@ TEST(Configuration, IsReadFromTheDefaultPlaceOnlyOnceAndMayBeMissingThere) {
     EXPECT_EQ(property("emailEncoding"), "UTF-8");
     HBLConfigurationFactory::deleteInstance();
     EXPECT_EQ(property("emailEncoding"), "utf-16"); // a question loads
-    std::filesystem::remove_all(home);
-    ASSERT_EQ(::unsetenv("MRL_HOME"), 0);
     HBLConfigurationFactory::deleteInstance();
 }
 
@@ -184,20 +177,20 @@ TEST(Configuration, AnswersFromOneCompleteStateWhileItChanges) {
     };
     service().configure(state("0").getDocumentElement());
     std::atomic<bool> isOver = false;
-    std::vector<std::jthread> readers;
-    for (int i = 0; i < 4; ++i) {
-        readers.emplace_back([&] {
-            while (!isOver) {
-                const HBLIDOM_Node tree = service().getPropertyElement("advancedSettings");
-                EXPECT_EQ(HBLIDOM_Helper::getElementText(tree.getFirstChild()),
-                          HBLIDOM_Helper::getElementText(tree.getLastChild()));
-            }
-        });
-    }
-    for (int i = 1; i < 200; ++i) {
-        service().configure(state(std::to_string(i)).getDocumentElement());
-    }
-    isOver = true;
+    std::thread writer([&] {
+        for (int i = 1; i < 200; ++i) {
+            service().configure(state(std::to_string(i)).getDocumentElement());
+        }
+        isOver = true;
+    });
+    mrl::test::inThreads(4, [&](int) {
+        while (!isOver) {
+            const HBLIDOM_Node tree = service().getPropertyElement("advancedSettings");
+            EXPECT_EQ(HBLIDOM_Helper::getElementText(tree.getFirstChild()),
+                      HBLIDOM_Helper::getElementText(tree.getLastChild()));
+        }
+    });
+    writer.join();
 }
 
 TEST(Configuration, ShipsAFileThatNamesEveryPropertyAndHoldsTheDefaults) {

@@ -1,21 +1,10 @@
 #pragma once
 
-#include "HBLIDOM/HBLIDOM.h"
-
-#include <gtest/gtest.h>
+#include "support/Xml.h"
 
 #include <string>
-#include <string_view>
 
 namespace mrl::test {
-
-/// The document of `xml`, which has to be good.
-inline HBLIDOM_Document parsed(std::string_view xml) {
-    HBLIDOM_Parser parser;
-    HBLIDOM_Document document;
-    EXPECT_EQ(parser.parse(xml.data(), xml.size(), document), 1) << parser.errorString().toUtf8();
-    return document;
-}
 
 /// Expects `step` to end in the exception of the library with this code and a message that begins so.
 template <class Step>

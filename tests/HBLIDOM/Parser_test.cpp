@@ -12,17 +12,10 @@
 #include <stdexcept>
 
 using mrl::test::ChunkedStream;
+using mrl::test::meant;
 using testing::HasSubstr;
 
 namespace {
-
-std::string repeated(std::string_view piece, int count) {
-    std::string text;
-    for (; count > 0; --count) {
-        text += piece;
-    }
-    return text;
-}
 
 constexpr HBLIDOM_ParserLimits SMALL = {
     .elementDepth = 4, .attributesOfElement = 3, .totalNodes = 20, .totalBytes = 400};
@@ -51,9 +44,8 @@ TEST(Parser, SaysWhyAndWhereItRefusesAndLeavesTheDocumentAsItWas) {
 TEST(Parser, WhatIsJustWithinTheLimitsIsTaken) {
     HBLIDOM_Parser parser;
     parser.setLimits(SMALL);
-    for (const std::string& good :
-         {std::string("<a><a><a><a/></a></a><a/><a b='' c='' d=''/></a>"),
-          "<a>" + repeated("<b c=''/>", 9) + "</a>", "<a>" + std::string(393, 'x') + "</a>"}) {
+    for (const std::string& good : {std::string("<a><a><a><a/></a></a><a/><a b='' c='' d=''/></a>"),
+                                    meant("<a>{<b c=''/>*9}</a>"), "<a>" + std::string(393, 'x') + "</a>"}) {
         HBLIDOM_Document document;
         EXPECT_EQ(parser.parse(good.data(), good.size(), document), 1) << good;
         EXPECT_EQ(parser.getErrorCode(), HBLIDOM_Parser::eNoError);
@@ -79,7 +71,7 @@ TEST(Parser, ADocumentTypeIsPassedOverOnlyWhenAskedAndNothingIsReadForIt) {
 }
 
 TEST(Parser, VeryDeepInputEndsAtTheLimit) {
-    const std::string xml = repeated("<a>", mrl::test::veryDeep);
+    const std::string xml = meant("{<a>*50000}");
     HBLIDOM_Parser parser;
     HBLIDOM_Document document;
     EXPECT_EQ(parser.parse(xml.data(), xml.size(), document), 0);

@@ -92,32 +92,26 @@ TEST_F(PLQWithXerces, NoBytesAtAllMakeADocumentIllFormed) {
     EXPECT_FALSE(parsed(in).empty());
 }
 
-TEST_F(PLQWithXerces, AFailureOfTheInputPassesThroughTheParser) {
-    class Breaking : public ChunkedInput {
-    public:
-        Breaking()
-            : ChunkedInput("<a>text", 4) {}
-        using ChunkedInput::read;
-        std::size_t read(char* buffer, std::size_t count) override {
-            const std::size_t got = ChunkedInput::read(buffer, count);
-            if (isEnd(got))
-                throw PLQStreamError(ePLQStreamData, "the line is down");
-            return got;
-        }
-    } in;
-    EXPECT_EQ(failureOf([&] { parsed(in); }), "the line is down");
-}
+/// Ends in its own way.
+class Ending : public ChunkedInput {
+public:
+    Ending(std::string_view document, std::size_t (*end)())
+        : ChunkedInput(document, 4)
+        , m_end(end) {}
+    using ChunkedInput::read;
+    std::size_t read(char* buffer, std::size_t count) override {
+        const std::size_t got = ChunkedInput::read(buffer, count);
+        return isEnd(got) ? m_end() : got;
+    }
 
-TEST_F(PLQWithXerces, AnEndOfZeroBytesEndsTheDocumentToo) {
-    class Zero : public ChunkedInput {
-    public:
-        Zero()
-            : ChunkedInput("<a>x</a>", 3) {}
-        using ChunkedInput::read;
-        std::size_t read(char* buffer, std::size_t count) override {
-            const std::size_t got = ChunkedInput::read(buffer, count);
-            return isEnd(got) ? 0 : got;
-        }
-    } in;
-    EXPECT_EQ(parsed(in), "x");
+private:
+    std::size_t (*m_end)();
+};
+
+TEST_F(PLQWithXerces, AFailureOfTheInputPassesThroughTheParserAndAnEndOfZeroBytesEndsTheDocument) {
+    Ending broken("<a>text",
+                  []() -> std::size_t { throw PLQStreamError(ePLQStreamData, "the line is down"); });
+    EXPECT_EQ(failureOf([&] { parsed(broken); }), "the line is down");
+    Ending whole("<a>x</a>", [] { return std::size_t{0}; });
+    EXPECT_EQ(parsed(whole), "x");
 }

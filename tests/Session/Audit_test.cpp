@@ -7,6 +7,8 @@
 #include "serialization/MRLSOAPFaultException.h"
 #include "support/FakeBus.h"
 #include "support/LogHarness.h"
+#include "support/Table.h"
+#include "support/Threads.h"
 
 #include "HBLCore/HBLFailure.h"
 #include "HBLCore/HBLSmartPointer.h"
@@ -15,7 +17,7 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
-#include <thread>
+#include <map>
 
 using mrl::test::FakeBus;
 using mrl::test::LogHarness;
@@ -148,40 +150,13 @@ TEST(Audit, OfAPlainCallIsItsWholeTrafficBetweenTheRecordsOfItsUse) {
 }
 
 TEST(Audit, TellsOfAFailureWhatTheLevelLetsThrough) {
-    struct Row {
-        int level;
-        std::string reply;
-        const char* failingOperation;
-        const char* records;
-        int code = 7;
-    };
-    const std::vector<Row> rows = {
-        {20000, ANSWER, "", ""},
-        {40000, ANSWER, "openResponse", "40000 Response Failure {throwable} / test\n", UNKNOWN},
-        {50000, ANSWER, "openResponse", "50000 Response Failure {message} / test\n", UNKNOWN},
-        {10000, FAULT, "",
-         "10000 CallStart\n10000 Request {context} {request}\n20000 Response Failure {fault} / test\n"
-         "50000 Response Failure not for you / test\n10000 CallEnd\n"},
-        {20000, FAULT, "",
-         "40000 Request Info {request} / {context}\n20000 Response Failure {fault} / test\n"
-         "50000 Response Failure not for you / test\n"},
-        {30000, FAULT, "",
-         "40000 Request Info {request} / {context}\n50000 Response Failure not for you / test\n"},
-        {50000, FAULT, "", "50000 Response Failure not for you / test\n"},
-        {10000, ANSWER, "openResponse",
-         "10000 CallStart\n10000 Request {context} {request}\n40000 Response Failure {throwable} / test\n"
-         "10000 CallEnd\n"},
-        {40000, ANSWER, "openResponse", "40000 Response Failure {throwable} / test\n"},
-        {50000, ANSWER, "openResponse", "50000 Response Failure {message} / test\n"},
-        {20000, ANSWER, "closeEnvelope",
-         "40000 Request Failure {request} / {context}\n40000 Response Failure {throwable} / test\n"},
-        {20000, BROKEN, "",
-         "40000 Request Info {request} / {context}\n20000 Response Failure {reply} / test\n"
-         "40000 Response Failure {throwable} / test\n"}};
-    for (const Row& row : rows) {
-        const LogHarness log(configuration(row.level, "\"off\""));
-        const Call call(row.reply, row.code, row.failingOperation);
-        EXPECT_EQ(row.records, call.records(log)) << "level " << row.level << " " << row.failingOperation;
+    const std::map<std::string, std::string> replies = {
+        {"answer", ANSWER}, {"fault", FAULT}, {"broken", BROKEN}};
+    for (const auto& row : mrl::test::plainTable("audit.txt")) {
+        const LogHarness log(configuration(std::stoi(row[0]), "\"off\""));
+        const Call call(replies.at(row[1]), row[3] == "unknown" ? UNKNOWN : 7, row[2]);
+        EXPECT_EQ(mrl::test::withBytes(row[4]), call.records(log))
+            << row[0] << " " << row[1] << " " << row[2];
         EXPECT_TRUE(log.lines("perf").empty());
     }
 }
@@ -208,17 +183,11 @@ TEST(Audit, ServesManyThreadsOfOneSession) {
     const MRLTavelHeader header;
     MRLSOAPSession session(&header, nullptr, nullptr, nullptr, nullptr, "test");
     session.setURI("http://127.0.0.1:1/"); // where nobody listens
-    std::vector<std::thread> threads;
-    for (int number = 0; number < 16; ++number) {
-        threads.emplace_back([&] {
-            EXPECT_THROW(
-                session.submit(*mrl::test::TextCall().binding, MRLSOAPSession::eMRLSOAPUntrusted, nullptr),
-                TavelTKException);
-        });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
+    mrl::test::inThreads(16, [&](int) {
+        EXPECT_THROW(
+            session.submit(*mrl::test::TextCall().binding, MRLSOAPSession::eMRLSOAPUntrusted, nullptr),
+            TavelTKException);
+    });
     EXPECT_EQ(16u, log.lines().size());
     EXPECT_EQ(32u, log.lines("perf").size());
 }

@@ -4,6 +4,7 @@
 #include "data/CatalogueData.h"
 #include "lookup/Catalogue.h"
 #include "lookup/Nearest.h"
+#include "support/Table.h"
 
 #include <gmock/gmock.h>
 
@@ -17,24 +18,10 @@ using testing::IsEmpty;
 using testing::SizeIs;
 
 TEST(Nearest, CountsTheLettersThatDiffer) {
-    const struct {
-        const char* a;
-        const char* b;
-        std::size_t distance;
-    } rows[] = {
-        {"", "", 0},
-        {"", "abc", 3},
-        {"report", "report", 0},
-        {"report", "Report", 0},
-        {"report", "raport", 1},
-        {"report", "reprt", 1},
-        {"report", "reports", 1},
-        {"kitten", "sitting", 3},
-        {"contnetQuery", "contentQuery", 1},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(editDistance(row.a, row.b), row.distance) << row.a << ' ' << row.b;
-        EXPECT_EQ(editDistance(row.b, row.a), row.distance) << row.b << ' ' << row.a;
+    for (const auto& row : mrl::test::plainTable("distances.txt")) {
+        const auto distance = static_cast<std::size_t>(std::stoi(row[2]));
+        EXPECT_EQ(editDistance(row[0], row[1]), distance) << row[0] << ' ' << row[1];
+        EXPECT_EQ(editDistance(row[1], row[0]), distance) << row[1] << ' ' << row[0];
     }
 }
 

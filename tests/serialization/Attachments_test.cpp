@@ -14,9 +14,9 @@
 #include "serialization/DefaultAttachmentContainer.h"
 #include "serialization/Envelopes.h"
 #include "serialization/MRL_AttachmentHandler.h"
+#include "support/Bytes.h"
 #include "support/Failure.h"
 
-#include "PLQStreams/PLQGZIPOutputStream.h"
 #include "PLQStreams/PLQStreamError.h"
 #include "TavelTK/TavelTKAttachmentReader.h"
 #include "TavelTK/TavelTKMessageReader.h"
@@ -29,6 +29,7 @@
 using mrl::test::Call;
 using mrl::test::ChunkedStream;
 using mrl::test::envelopeOf;
+using mrl::test::packed;
 using mrl::test::replyWith;
 
 namespace {
@@ -90,14 +91,6 @@ int resolved(Call& call, const std::string& document, std::vector<Part> parts) {
     return handler.resolveReferences(attachments, call.reply().getObjectRegistry(), nullptr);
 }
 
-std::string gzipped(const std::string& bytes) {
-    return mrl::test::written([&](PLQOutputStream& out) {
-        PLQGZIPOutputStream packed(out);
-        packed.write(bytes.data(), bytes.size());
-        packed.unWrap();
-    });
-}
-
 const char* const TWO_REFERENCES = "<q><item i:type='b:report'>"
                                    "<defaultName><value href='cid:p1'/></defaultName>"
                                    "<searchPath><value href='cid:p1'></value></searchPath></item></q>";
@@ -106,24 +99,23 @@ MRLReport& reportIn(Call& call) {
     return static_cast<MRLReport&>(*static_cast<MRLContentQuery_Reply&>(call.reply()).getResult()->at(0));
 }
 
-TEST(Attachments, OnePartServesEachReferenceAndItsFrameDoesNotCount) {
-    Call call;
-    EXPECT_NE(resolved(call, replyWith(TWO_REFERENCES), {{"<p1>", "the value"}, {"unasked", "x"}}), 0);
-    EXPECT_STREQ(reportIn(call).getDefaultName()->getValue(), "the value");
-    EXPECT_STREQ(reportIn(call).getSearchPath()->getValue(), "the value");
-}
-
-TEST(Attachments, APackedPartIsUnpacked) {
-    Call call;
-    EXPECT_NE(resolved(call, replyWith(TWO_REFERENCES), {{"p1", gzipped("inflated"), true}}), 0);
-    EXPECT_STREQ(reportIn(call).getDefaultName()->getValue(), "inflated");
-}
-
-TEST(Attachments, AReferenceWithoutAPartKeepsItsPlaceholder) {
-    Call call;
-    EXPECT_EQ(resolved(call, replyWith(TWO_REFERENCES), {{"P1", "other case"}}), 0);
-    EXPECT_STREQ(reportIn(call).getDefaultName()->getValue(), "");
-    EXPECT_EQ(resolved(call, replyWith(TWO_REFERENCES), {}), 0);
+TEST(Attachments, APartServesEachReferenceToItsIdAndOthersKeepTheirPlaceholder) {
+    const struct {
+        const char* what;
+        std::vector<Part> parts;
+        const char* value;
+    } rows[] = {{"a frame does not count", {{"<p1>", "the value"}, {"unasked", "x"}}, "the value"},
+                {"packed", {{"p1", packed("inflated"), true}}, "inflated"},
+                {"two of one id", {{"p1", "first"}, {"p1", "second"}}, "first"},
+                {"another id", {{"P1", "other case"}}, ""},
+                {"no parts", {}, ""}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        Call call;
+        EXPECT_EQ(resolved(call, replyWith(TWO_REFERENCES), row.parts) != 0, *row.value != '\0');
+        EXPECT_STREQ(reportIn(call).getDefaultName()->getValue(), row.value);
+        EXPECT_STREQ(reportIn(call).getSearchPath()->getValue(), row.value);
+    }
 }
 
 TEST(Attachments, ItemsOfATextArrayAndBinaryMembersAreServedInTheirPlaces) {
@@ -145,12 +137,6 @@ TEST(Attachments, ItemsOfATextArrayAndBinaryMembersAreServedInTheirPlaces) {
     EXPECT_EQ(std::string(blob.str(), blob.pcount()), "blob");
 }
 
-TEST(Attachments, TheFirstOfTwoPartsOfOneIdCounts) {
-    Call call;
-    EXPECT_NE(resolved(call, replyWith(TWO_REFERENCES), {{"p1", "first"}, {"p1", "second"}}), 0);
-    EXPECT_STREQ(reportIn(call).getDefaultName()->getValue(), "first");
-}
-
 TEST(Attachments, ABooleanIsReadFromItsPart) {
     const Call call;
     MRLBooleanProp flag;
@@ -166,13 +152,12 @@ TEST(Attachments, ABooleanIsReadFromItsPart) {
 }
 
 TEST(Attachments, ADamagedOrEndlessPackedPartEndsTheReply) {
-    const std::string packed = gzipped("inflated");
-    Call cut;
-    EXPECT_THROW(
-        resolved(cut, replyWith(TWO_REFERENCES), {{"p1", packed.substr(0, packed.size() - 3), true}}),
-        PLQStreamError);
+    const std::string cut = packed("inflated");
+    Call damaged;
+    EXPECT_THROW(resolved(damaged, replyWith(TWO_REFERENCES), {{"p1", cut.substr(0, cut.size() - 3), true}}),
+                 PLQStreamError);
     const std::string bomb =
-        gzipped(std::string(std::size_t{40} << 20, '\0')); // under the limit, twice is over
+        packed(std::string(std::size_t{40} << 20, '\0')); // under the limit, twice is over
     Call one;
     EXPECT_NE(resolved(one, replyWith(TWO_REFERENCES), {{"p1", bomb, true}}), 0);
     Call two;

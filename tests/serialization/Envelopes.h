@@ -6,12 +6,12 @@
 #include "Toolkit/MRLPortTypeBinding.h"
 #include "serialization/MRLSOAPMessageIDeserializer.h"
 #include "serialization/MRLSOAPMessageISerializer.h"
+#include "support/Bytes.h"
 #include "support/ChunkedStream.h"
 #include "support/Files.h"
 
 #include "HBLCore/HBLSmartPointer.h"
 #include "HBLCore/HBLThrowable.h"
-#include "PLQStreams/PLQMemoryOutputStream.h"
 
 #include <gtest/gtest.h>
 
@@ -22,14 +22,6 @@ namespace mrl::test {
 
 /// The sizes of the pieces that every reader test feeds its document in.
 inline constexpr std::size_t chunkSizes[] = {1, 2, 3, 7, 4096};
-
-/// What `step` writes to the stream it is given.
-template <class Step>
-std::string written(const Step& step) {
-    PLQMemoryOutputStream out(1024, 0);
-    step(out);
-    return {out.bytes(), out.length()};
-}
 
 /// An envelope as other stacks write it: other prefixes than the toolkit's own.
 inline std::string envelopeOf(std::string_view sections) {

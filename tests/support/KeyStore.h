@@ -1,11 +1,13 @@
 #pragma once
 
+#include "support/Environment.h"
+#include "support/TemporaryDirectory.h"
+
 #include "ZORCrypto/ZORError.h"
 #include "ZORCrypto/ZOR_Crypto_Interface.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -21,17 +23,6 @@ inline const std::string KNOWN_STORE =
 /// An empty directory in which the key store is looked for.
 class WithStore : public testing::Test {
 protected:
-    WithStore() {
-        std::string pattern = testing::TempDir() + "mrl_keys_XXXXXX";
-        m_directory = mkdtemp(pattern.data());
-        m_path = (m_directory / "store" / "mrl.keys").string();
-        setenv("MRL_KEY_STORE", m_path.c_str(), 1);
-    }
-    ~WithStore() override {
-        unsetenv("MRL_KEY_STORE");
-        std::filesystem::remove_all(m_directory);
-    }
-
     void writeStore(const std::string& text, mode_t mode = 0600) const {
         std::filesystem::create_directories(m_directory / "store");
         std::filesystem::remove(m_path);
@@ -39,8 +30,10 @@ protected:
         chmod(m_path.c_str(), mode);
     }
 
-    std::filesystem::path m_directory;
-    std::string m_path;
+    const mrl::test::TemporaryDirectory m_temporary;
+    const std::filesystem::path m_directory = m_temporary.path();
+    const std::string m_path = m_directory / "store" / "mrl.keys";
+    const mrl::test::Variable m_variable{"MRL_KEY_STORE", m_path};
 };
 
 /// An open handle.
