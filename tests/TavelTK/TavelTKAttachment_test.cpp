@@ -4,17 +4,22 @@
 #include "support/Bytes.h"
 
 #include <fstream>
+#include <map>
 
 namespace {
 
-using enum TavelTKError;
 using mrl::test::packed;
 using Texts = std::vector<std::string>;
 
 const std::string s_root = "--b\r\nContent-Type: text/xml\r\nContent-ID: <root>\r\n\r\n<r/>\r\n";
 
-std::string part(const std::string& id, const std::string& headers, const std::string& bytes) {
-    return "--b\r\nContent-ID: <" + id + ">\r\n" + headers + "\r\n" + bytes + "\r\n";
+/// A cell with each of `names` as the bytes it stands for.
+std::string filled(std::string cell, const std::map<std::string, std::string>& names) {
+    for (const auto& [name, bytes] : names)
+        for (std::size_t at = cell.find(name); at != std::string::npos;
+             at = cell.find(name, at + bytes.size()))
+            cell.replace(at, name.size(), bytes);
+    return cell;
 }
 
 /// The envelope, then each attachment as its id, a colon and its bytes.
@@ -37,74 +42,41 @@ std::string multipart(const std::string& parts) {
 }
 
 TEST(Attachments, AreFreedOfTheirCodingsWhereverTheEnvelopeStands) {
-    const std::string base64 = "Content-Transfer-Encoding: Base64\r\n";
-    const std::string quoted = "Content-Transfer-Encoding: quoted-printable\r\n";
-    const std::string gzip = "Content-Encoding: gzip\r\n";
-    const std::string text = "text that is packed";
-    const std::string zipped = packed(text) + packed("!");
-    struct Row {
-        std::string parts;
-        Texts expected;
-        int inflates = 0;
-    };
-    const std::vector<Row> table{
-        {s_root + part("1", base64, "SGVs\r\nbG8h IQ=\t=\r\n") + part("2", base64, ""),
-         {"<r/>", "<1>:Hello!!", "<2>:"}},
-        {s_root + part("1", quoted, "a=3D=\r\nb \t\r\nc=C3=a9= \r\n=20"), {"<r/>", "<1>:a=b\r\nc\xC3\xA9 "}},
-        {s_root + part("1", gzip, zipped), {"<r/>", "<1>:" + zipped}},
-        {s_root + part("1", gzip, zipped) + part("2", gzip, ""), {"<r/>", "<1>:" + text + "!", "<2>:"}, 1},
-        {part("1", base64, "YQ==") + part("2", "", "b") + s_root + part("3", "", "c"),
-         {"<r/>", "<1>:a", "<2>:b", "<3>:c"}},
-        {"--b\r\nContent-Type: text/xml\r\nContent-ID: root\r\n" + quoted + "\r\n<r=2F>\r\n", {"<r/>"}}};
-    for (const Row& row : table)
+    const std::string zipped = packed("text that is packed") + packed("!");
+    for (const auto& row : mrl::test::table("attachments.txt")) {
+        Texts expected = mrl::test::split(row[2], "|");
+        for (std::string& text : expected)
+            text = filled(text, {{"ZIPPED", zipped}});
         for (const std::size_t pieces : {1, 7, 65536}) {
-            ScriptedPeer peer({{multipart(row.parts)}, {reply("<r/>")}});
+            ScriptedPeer peer(
+                {{multipart(filled(row[0], {{"ROOT", s_root}, {"ZIPPED", zipped}}))}, {reply("<r/>")}});
             Toolkit toolkit;
-            toolkit.factory->setProperty("inflate-attachments", row.inflates);
-            EXPECT_EQ(receive(*toolkit.factory, peer, pieces), row.expected) << row.parts;
+            toolkit.factory->setProperty("inflate-attachments", std::stoi(row[1]));
+            EXPECT_EQ(receive(*toolkit.factory, peer, pieces), expected) << row[0];
             call(*toolkit.factory, peer.url());
             EXPECT_EQ(peer.connections(), 1);
         }
+    }
 }
 
 TEST(Attachments, ThatCannotBeTakenAreRefusedByName) {
-    const std::string base64 = "Content-Transfer-Encoding: base64\r\n";
-    const std::string quoted = "Content-Transfer-Encoding: quoted-printable\r\n";
-    const std::string gzip = "Content-Encoding: gzip\r\n";
-    const std::string zipped = packed(std::string(3000000, '0'));
-    struct Row {
-        std::string parts;
-        TavelTKError error;
-        std::string words;
-    };
-    std::vector<Row> table{
-        {s_root + part("1", base64, "YQ=a"), badAttachment, "part '<1>': its Base64 contains"},
-        {s_root + part("1", base64, "YWE"), badAttachment, "group of four"},
-        {s_root + part("1", base64, "YQ==YQ=="), badAttachment, "out of place"},
-        {s_root + part("1", quoted, "=4"), badAttachment, "ends within an escape"},
-        {s_root + part("1", quoted, "=4z"), badAttachment, "escape that is none"},
-        {s_root + part("1", "Content-Transfer-Encoding: x-uuencode\r\n", ""), unsupported, "x-uuencode"},
-        {s_root + part("1", gzip, "no gzip at all"), badAttachment, "damaged"},
-        {s_root + part("1", gzip, packed("text").substr(0, 12)), badAttachment, "too early"},
-        {s_root + part("1", gzip, zipped), replyTooLarge, "max-inflate-ratio"},
-        {s_root + part("1", gzip, packed(std::string(1001, '0'))), replyTooLarge, "max-inflated-bytes"},
-        {s_root + part("1", "", "a") + part("1", "", "b"), badMultipart, "two parts have the content id '1'"},
-        {s_root + part("root", "", "a"), badMultipart, "'root'"},
-        {part("1", "", std::string(5000, 'x')) + s_root, replyTooLarge, "max-early-bytes"}};
-    std::string many = s_root;
-    for (int i = 0; i <= 10000; ++i)
-        many += "--b\r\n\r\n\r\n";
-    table.push_back({many, replyTooLarge, "max-parts"});
-    for (const Row& row : table) {
-        ScriptedPeer peer({{multipart(row.parts), Answer::close}});
+    const std::map<std::string, std::string> names{{"BOMB", packed(std::string(3000000, '0'))},
+                                                   {"CUT", packed("text").substr(0, 12)},
+                                                   {"ZEROS", packed(std::string(1001, '0'))}};
+    const auto isRefused = [](const std::string& parts, const std::string& error, const std::string& words) {
+        ScriptedPeer peer({{multipart(parts), Answer::close}});
         Toolkit toolkit;
         toolkit.factory->setProperty("inflate-attachments", 1);
         toolkit.factory->setProperty("max-early-bytes", 5000);
-        if (row.words == "max-inflated-bytes")
+        if (words == "max-inflated-bytes")
             toolkit.factory->setProperty("max-inflated-bytes", 1000);
-        expectFailure([&] { receive(*toolkit.factory, peer, 65536); }, row.error, row.words);
-        EXPECT_EQ(toolkit.pool.size(), 0u);
-    }
+        expectFailure([&] { receive(*toolkit.factory, peer, 65536); }, error, words);
+        EXPECT_EQ(toolkit.pool.size(), 0u) << words;
+    };
+    for (const auto& row : mrl::test::table("bad_attachments.txt"))
+        isRefused(s_root + filled(row[0], names), row[1], row[2]);
+    isRefused("--b\r\nContent-ID: <1>\r\n\r\n" + std::string(5000, 'x') + "\r\n" + s_root, "replyTooLarge",
+              "max-early-bytes");
 }
 
 std::size_t residentPages() {
