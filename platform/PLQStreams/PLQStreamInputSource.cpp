@@ -44,6 +44,10 @@ private:
 PLQStreamInputSource::PLQStreamInputSource(PLQInputStream& in)
     : m_in(in) {}
 
+PLQStreamInputSource::PLQStreamInputSource(PLQInputStream& in, xercesc::MemoryManager& memory)
+    : InputSource(&memory)
+    , m_in(in) {}
+
 PLQStreamInputSource::PLQStreamInputSource(PLQInputStream& in, const char* systemId)
     : InputSource(systemId)
     , m_in(in) {}

@@ -9,6 +9,8 @@ class PLQInputStream;
 class PLQStreamInputSource : public xercesc::InputSource {
 public:
     explicit PLQStreamInputSource(PLQInputStream& in);
+    /// @param memory of the parser, for what it owns; borrowed
+    PLQStreamInputSource(PLQInputStream& in, xercesc::MemoryManager& memory);
     /// @param systemId names the input in the parser's messages
     PLQStreamInputSource(PLQInputStream& in, const char* systemId);
     ~PLQStreamInputSource() override;

@@ -115,7 +115,7 @@ void MRLSOAPMessageIDeserializer::run(PLQInputStream& stream, MRLMessageIContent
     mrl::detail::GuardedInput input(stream, m_limits);
     EnvelopeGuard guard(handler, input, m_limits);
     LentReader reader;
-    reader->parse(PLQStreamInputSource(input), guard);
+    reader->parse(PLQStreamInputSource(input, reader->memory()), guard);
     input.rethrowFailure();
     if (input.bytes() < LARGE_DOCUMENT) {
         reader.giveBack();

@@ -163,7 +163,9 @@ const char16_t* MRL_AttachmentHandler::getCid(const char16_t* value) {
 
 void MRL_AttachmentHandler::registerHref(const char* contentId, MRLSchemaTypeI* object, const char* name,
                                          const MRLSchemaTypeI::ObjectType& type, std::size_t index) {
-    m_references.emplace_back(hblNew<MRL_HrefReference>(HBL_HERE, contentId, object, name, type, index));
+    std::unique_ptr<MRL_HrefReference> reference(
+        hblNew<MRL_HrefReference>(HBL_HERE, contentId, object, name, type, index));
+    m_references.push_back(std::move(reference));
     m_places[m_references.back()->getContentId()].push_back(m_references.size() - 1);
 }
 

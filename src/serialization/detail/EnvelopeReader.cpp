@@ -35,8 +35,8 @@ std::u16string_view viewed(const XMLCh* text) {
 /// The scanner, which skips document types, taught to refuse them.
 class EnvelopeScanner final : public xercesc::WFXMLScanner {
 public:
-    EnvelopeScanner(EnvelopeReader& reader, xercesc::GrammarResolver& grammars)
-        : WFXMLScanner(&reader, nullptr, nullptr, &reader, nullptr, &grammars) {
+    EnvelopeScanner(EnvelopeReader& reader, xercesc::GrammarResolver& grammars, ParserMemory& memory)
+        : WFXMLScanner(&reader, nullptr, nullptr, &reader, nullptr, &grammars, &memory) {
         setURIStringPool(grammars.getStringPool());
         setDoNamespaces(false); // the reader does them
         setInputBufferSize(textPiece);
@@ -51,8 +51,8 @@ private:
 };
 
 EnvelopeReader::EnvelopeReader()
-    : m_grammars(std::make_unique<xercesc::GrammarResolver>(nullptr))
-    , m_scanner(std::make_unique<EnvelopeScanner>(*this, *m_grammars)) {}
+    : m_grammars(std::make_unique<xercesc::GrammarResolver>(nullptr, &m_memory))
+    , m_scanner(std::make_unique<EnvelopeScanner>(*this, *m_grammars, m_memory)) {}
 
 EnvelopeReader::~EnvelopeReader() = default;
 

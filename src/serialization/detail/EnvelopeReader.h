@@ -2,6 +2,7 @@
 
 #include "serialization/detail/EnvelopeAttributes.h"
 #include "serialization/detail/NamespaceScope.h"
+#include "serialization/detail/ParserMemory.h"
 
 #include <xercesc/framework/XMLDocumentHandler.hpp>
 #include <xercesc/framework/XMLErrorReporter.hpp>
@@ -37,6 +38,9 @@ public:
     ~EnvelopeReader() override;
     EnvelopeReader(const EnvelopeReader&) = delete;
     EnvelopeReader& operator=(const EnvelopeReader&) = delete;
+
+    /// What the document's stream should take for what the parser owns.
+    xercesc::MemoryManager& memory() { return m_memory; }
 
     /// Parses the document of `source`. All are borrowed for the time of the call.
     /// @param handler content and errors; also told of comments.
@@ -105,6 +109,7 @@ private:
     const XMLCh* resolve(std::u16string_view qName, std::size_t colon);
     [[noreturn]] void refuse(std::u16string_view name, const char16_t* why);
 
+    ParserMemory m_memory;
     std::unique_ptr<xercesc::GrammarResolver> m_grammars; // none; the scanner keeps its names there
     std::unique_ptr<EnvelopeScanner> m_scanner;
     xercesc::ContentHandler* m_content = nullptr; // these three while a document is read
