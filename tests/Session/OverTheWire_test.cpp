@@ -4,6 +4,7 @@
 #include "Session/MRLSOAPSession.h"
 #include "Session/Replies.h"
 #include "Toolkit/MRLTavelHeader.h"
+#include "support/ConfigurationFile.h"
 #include "support/ScriptedPeer.h"
 #include "support/Table.h"
 #include "support/Threads.h"
@@ -12,7 +13,10 @@
 #include "HBLCore/HBLSmartPointer.h"
 #include "TavelTK/TavelTKError.h"
 #include "TavelTK/TavelTKException.h"
+#include "TavelTK/TestAuthority.h"
 
+#include <Poco/Net/Context.h>
+#include <Poco/Net/SecureServerSocket.h>
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -65,6 +69,41 @@ TEST(SessionOverTheWire, ABadReplyIsOneClearExceptionAndTheSessionGoesOn) {
         EXPECT_EQ(failureOf(session, message), isBody || isResult ? "-" : row[1]);
         EXPECT_THAT(message, HasSubstr(row[3]));
         EXPECT_EQ("cm1", session.ask());
+    }
+}
+
+TEST(SessionOverTheWire, TlsTrustsTheConfiguredAuthorityAndTheHostOfTheUrl) {
+    const TestAuthority authority;
+    const TestAuthority other;
+    const struct {
+        const char* what;
+        std::string names;  // of the certificate
+        std::string caFile; // as configured; none when empty
+        const char* error;  // "nothing" when the call works
+        const char* words;
+    } rows[] = {
+        {"trusted", "IP:127.0.0.1", authority.file(), "nothing", ""},
+        {"another host", "DNS:bus.example", authority.file(), "certificateWrongHost", "not of '127.0.0.1'"},
+        {"another authority", "IP:127.0.0.1", other.file(), "certificateUntrusted", "Test authority"},
+        {"no authority", "IP:127.0.0.1", "", "certificateUntrusted", "Test authority"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        Poco::Net::Context::Params identity;
+        identity.privateKeyFile = identity.certificateFile = authority.issue({row.names});
+        identity.verificationMode = Poco::Net::Context::VERIFY_NONE;
+        const Poco::Net::Context::Ptr context(
+            new Poco::Net::Context(Poco::Net::Context::TLS_SERVER_USE, identity));
+        ScriptedPeer peer({{reply(good())}}, Poco::Net::SecureServerSocket(
+                                                 Poco::Net::SocketAddress("127.0.0.1", 0), 16, context));
+        const ConfigurationFile configuration(ConfigurationFile::withParameters(ConfigurationFile::parameter(
+            "bus", row.caFile.empty() ? "" : ConfigurationFile::parameter("tls-ca-file", row.caFile))));
+        Session session("https://" + peer.authority() + "/bus");
+        std::string message;
+        EXPECT_EQ(row.error, failureOf(session, message));
+        EXPECT_THAT(message, HasSubstr(row.words));
+        if (!message.empty()) { // else the connection is kept
+            EXPECT_EQ(peer.incomplete(), "") << "not a byte of the request goes to whom nobody trusts";
+        }
     }
 }
 
