@@ -1,6 +1,7 @@
 #include "I18NRes/SymbolRows.h"
 #include "I18NRes/zt5omsymbols1.h"
 #include "support/Failure.h"
+#include "support/Threads.h"
 
 #include "HBLCore/HBLResetableResourceRegistry.h"
 #include "HBLCore/HBLUtCrc32.h"
@@ -18,12 +19,6 @@ using mrl::detail::g_symbols;
 TEST(Symbols, AreFoundEachByTheCrcOfItsText) {
     for (std::size_t i = 0; i < g_symbols.count; ++i)
         ASSERT_EQ(zt5omsymbols1::getChar(HBLUtCrc32::crc32(g_symbols.texts[i], 0u)), g_symbols.texts[i]);
-}
-
-TEST(Symbols, IncludeTheFirstAndTheLastRowByCrc) {
-    for (const std::size_t row : {std::size_t{0}, g_symbols.count - 1})
-        EXPECT_EQ(zt5omsymbols1::getChar(g_symbols.rows[row].crc),
-                  g_symbols.texts[g_symbols.rows[row].index]);
 }
 
 TEST(Symbols, RefuseAKeyWithoutAText) {
@@ -47,16 +42,12 @@ TEST(Symbols, AreTheSameObjectsForThreadsThatMeetAtTheFirstUse) {
     HBLResetableResourceRegistry::getInstance().resetAll();
     std::vector<const I18NString*> seen(4 * g_symbols.count);
     std::atomic<int> waiting = 4;
-    std::vector<std::thread> threads;
-    for (std::size_t t = 0; t < 4; ++t)
-        threads.emplace_back([&, t] {
-            for (--waiting; waiting > 0;) // all begin together
-                std::this_thread::yield();
-            for (std::size_t i = 0; i < g_symbols.count; ++i)
-                seen[t * g_symbols.count + i] = &zt5omsymbols1::getString(g_symbols.rows[i].crc);
-        });
-    for (std::thread& thread : threads)
-        thread.join();
+    mrl::test::inThreads(4, [&](std::size_t thread) {
+        for (--waiting; waiting > 0;) // all begin together
+            std::this_thread::yield();
+        for (std::size_t i = 0; i < g_symbols.count; ++i)
+            seen[thread * g_symbols.count + i] = &zt5omsymbols1::getString(g_symbols.rows[i].crc);
+    });
     for (std::size_t i = 0; i < seen.size(); ++i)
         ASSERT_EQ(seen[i], seen[i % g_symbols.count]);
 }

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,22 +32,12 @@ using mrl::tool::ServiceRow;
 
 /// The declared type of a parameter: all text is a string, whatever the schema calls it.
 Type declaredType(const MemberRow& parameter) {
-    static const std::map<std::string_view, Type> other{
-        {"anyType", MRLSchemaTypeI::eString},
-        {"anyURI", MRLSchemaTypeI::eString},
-        {"date", MRLSchemaTypeI::eString},
-        {"dateTime", MRLSchemaTypeI::eString},
-        {"duration", MRLSchemaTypeI::eString},
-        {"language", MRLSchemaTypeI::eString},
-        {"ncname", MRLSchemaTypeI::eString},
-        {"nmtoken", MRLSchemaTypeI::eString},
-        {"time", MRLSchemaTypeI::eString},
-        {"token", MRLSchemaTypeI::eString},
-        {"nonNegativeInteger", MRLSchemaTypeI::eInteger},
-        {"positiveInteger", MRLSchemaTypeI::eInteger},
-    };
-    const auto found = other.find(parameter.type);
-    return found == other.end() ? schemaTypesFactory().stringToObjectType(parameter.type) : found->second;
+    static const std::set<std::string_view> texts{"anyType",  "anyURI", "date",    "dateTime", "duration",
+                                                  "language", "ncname", "nmtoken", "time",     "token"};
+    static const std::set<std::string_view> numbers{"nonNegativeInteger", "positiveInteger"};
+    return texts.contains(parameter.type)     ? MRLSchemaTypeI::eString
+           : numbers.contains(parameter.type) ? MRLSchemaTypeI::eInteger
+                                              : schemaTypesFactory().stringToObjectType(parameter.type);
 }
 
 const MessageRow& rowOf(const char* message) {

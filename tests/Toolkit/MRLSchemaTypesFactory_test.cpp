@@ -5,6 +5,7 @@
 #include "Toolkit/MRLSchemaTypeRows.h"
 #include "Toolkit/MRLSchemaTypesFactory.h"
 #include "support/Failure.h"
+#include "support/Table.h"
 
 #include "HBLCore/HBLSmartPointer.h"
 
@@ -23,56 +24,25 @@ MRLSchemaTypesFactory& factory() {
 }
 
 TEST(SchemaTypesFactory, ClassifiesNumbersByRangeAlone) {
-    const struct {
-        int type;
-        int generated;
-        int string;
-        int base64;
-    } rows[] = {
-        {0, 1, 0, 0},
-        {1, 0, 1, 0},
-        {2, 0, 0, 0},
-        {5, 0, 1, 0},
-        {6, 0, 1, 0},
-        {7, 0, 0, 0},
-        {8, 0, 0, 1},
-        {9, 0, 0, 0},
-        {10, 0, 1, 0},
-        {11, 0, 1, 0},
-        {12, 1, 0, 0},
-        {15, 1, 0, 0},
-        {99, 1, 0, 0},
-        {-1, 1, 0, 0},
-        {Type::eMRLNameValue, 1, 0, 0},
-        {Type::eCharStreamable, 0, 1, 0},
-    };
-    for (const auto& row : rows) {
-        const auto type = static_cast<Type::ObjectType>(row.type);
-        EXPECT_EQ(MRLSchemaTypesFactory::isGeneratedType(type), row.generated) << row.type;
-        EXPECT_EQ(MRLSchemaTypesFactory::isString(type), row.string) << row.type;
-        EXPECT_EQ(MRLSchemaTypesFactory::isBase64(type), row.base64) << row.type;
+    for (const auto& row : mrl::test::plainTable("type_ranges.txt")) { // number, generated, text, binary
+        const auto type =
+            static_cast<Type::ObjectType>(static_cast<std::int32_t>(std::stoll(row[0], nullptr, 0)));
+        EXPECT_EQ(MRLSchemaTypesFactory::isGeneratedType(type), std::stoi(row[1])) << row[0];
+        EXPECT_EQ(MRLSchemaTypesFactory::isString(type), std::stoi(row[2])) << row[0];
+        EXPECT_EQ(MRLSchemaTypesFactory::isBase64(type), std::stoi(row[3])) << row[0];
     }
+    EXPECT_EQ(MRLSchemaTypesFactory::isString(Type::eCharStreamable), 1);
+    EXPECT_EQ(MRLSchemaTypesFactory::isGeneratedType(Type::eCharStreamable), 0);
 }
 
 TEST(SchemaTypesFactory, FindsTypesByTheirNames) {
-    const struct {
-        const char* name;
-        int qualified;
-        int unqualified;
-    } rows[] = {
-        {"bus:nameValue", static_cast<int>(0xC625DD5Cu), 0},
-        {"nameValue", 0, static_cast<int>(0xC625DD5Cu)},
-        {"xs:string", 1, 0},
-        {"string", 0, 1},
-        {"anyType", 0, 11},
-        {"MRLSOAPFault", 0, 0},
-        {"bus:", 0, 0},
-        {"bus:nameValues", 0, 0},
-        {"", 0, 0},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(factory().xsiTypeToObjectType(row.name), row.qualified) << row.name;
-        EXPECT_EQ(factory().stringToObjectType(row.name), row.unqualified) << row.name;
+    for (const auto& row :
+         mrl::test::plainTable("type_names.txt")) { // name, number by it with a prefix, and without
+        const auto number = [&](std::size_t i) {
+            return static_cast<std::int32_t>(std::stoll(row[i], nullptr, 0));
+        };
+        EXPECT_EQ(factory().xsiTypeToObjectType(row[0]), number(1)) << row[0];
+        EXPECT_EQ(factory().stringToObjectType(row[0].c_str()), number(2)) << row[0];
     }
     EXPECT_EQ(factory().stringToObjectType(nullptr), 0);
 }

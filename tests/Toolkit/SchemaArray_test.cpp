@@ -11,6 +11,7 @@
 #include "Toolkit/MRL_CharStreamable.h"
 #include "Toolkit/MRL_String.h"
 #include "support/Failure.h"
+#include "support/Table.h"
 
 #include "HBLCore/HBLSmartPointer.h"
 
@@ -70,19 +71,15 @@ TEST(Arrays, RefuseElementsOfAnotherType) {
         MRLSchemaTypeI& array;
         void* value;
         MRLSchemaTypeI::ObjectType type;
-        std::vector<std::string> parameters;
+        const char* parameters;
     } rows[] = {
-        {objects, &text, MRLSchemaTypeI::eString, {"policyArray", "item", "bus:policy", "xs:string"}},
-        {objects,
-         &object,
-         MRLSchemaTypeI::eMRLNameValue,
-         {"policyArray", "item", "bus:policy", "bus:nameValue"}},
-        {texts, &text, MRLSchemaTypeI::eInt, {"stringArray", "item", "xs:string", "xs:int"}},
-        {numbers, &object, MRLSchemaTypeI::eMRLNameValue, {"intArray", "item", "xs:int", "bus:nameValue"}},
-    };
+        {objects, &text, MRLSchemaTypeI::eString, "policyArray|item|bus:policy|xs:string"},
+        {objects, &object, MRLSchemaTypeI::eMRLNameValue, "policyArray|item|bus:policy|bus:nameValue"},
+        {texts, &text, MRLSchemaTypeI::eInt, "stringArray|item|xs:string|xs:int"},
+        {numbers, &object, MRLSchemaTypeI::eMRLNameValue, "intArray|item|xs:int|bus:nameValue"}};
     for (const auto& row : rows)
         expectFailure([&] { row.array.setChildObject("item", row.value, row.type, nullptr); }, 0xA647C21F,
-                      row.parameters);
+                      mrl::test::split(row.parameters, "|"));
 }
 
 TEST(Arrays, OfTextAndNumbersHoldTheirValues) {

@@ -17,6 +17,7 @@
 #include "Toolkit/MRL_CharStreamable.h"
 #include "Toolkit/MRL_String.h"
 #include "support/Failure.h"
+#include "support/Table.h"
 
 #include "HBLCore/HBLSmartPointer.h"
 
@@ -139,34 +140,22 @@ TEST_F(Members, RefuseAWrongTypeInTheNameOfTheLevelThatDeclaresIt) {
     MRLBooleanProp boolean;
     MRLBase64BinaryProp binary;
     MRL_String& string = text("1");
-    constexpr auto object = MRLSchemaTypeI::eMRLNameValue;
     const struct {
         MRLSchemaTypeI& object;
         const char* name;
         void* value;
         MRLSchemaTypeI::ObjectType type;
-        std::vector<std::string> parameters;
-    } rows[] = {
-        {nameValue, "name", &string, MRLSchemaTypeI::eInt, {"nameValue", "name", "xs:string", "xs:int"}},
-        {account,
-         "defaultDescription",
-         &nameValue,
-         object,
-         {"uiClass", "defaultDescription", "bus:stringProp", "bus:nameValue"}},
-        {binary,
-         "value",
-         &string,
-         MRLSchemaTypeI::eString,
-         {"base64BinaryProp", "value", "xs:base64Binary", "xs:string"}},
-        {boolean,
-         "schemaInfo",
-         &nameValue,
-         object,
-         {"baseProp", "schemaInfo", "bus:schemaInfo", "bus:nameValue"}},
-    };
+        const char* parameters;
+    } rows[] = {{nameValue, "name", &string, MRLSchemaTypeI::eInt, "nameValue|name|xs:string|xs:int"},
+                {account, "defaultDescription", &nameValue, MRLSchemaTypeI::eMRLNameValue,
+                 "uiClass|defaultDescription|bus:stringProp|bus:nameValue"},
+                {binary, "value", &string, MRLSchemaTypeI::eString,
+                 "base64BinaryProp|value|xs:base64Binary|xs:string"},
+                {boolean, "schemaInfo", &nameValue, MRLSchemaTypeI::eMRLNameValue,
+                 "baseProp|schemaInfo|bus:schemaInfo|bus:nameValue"}};
     for (const auto& row : rows)
         expectFailure([&] { row.object.setChildObject(row.name, row.value, row.type, nullptr); }, typeError,
-                      row.parameters, "MRLSchemaTypesFactory::typeError()");
+                      mrl::test::split(row.parameters, "|"), "MRLSchemaTypesFactory::typeError()");
 }
 
 TEST_F(Members, ArrayMembersAreFilledInPlaceOnly) {

@@ -1,5 +1,6 @@
 // The key store: made once, for its owner alone, refused when it cannot be trusted.
 #include "support/KeyStore.h"
+#include "support/Table.h"
 
 #include "ZORCrypto/ZORKeyStore.h"
 
@@ -87,28 +88,18 @@ TEST_F(KeyStore, IsRefusedWhenOthersMayReadOrReplaceIt) {
 }
 
 TEST_F(KeyStore, IsRefusedByTheLineThatIsDamaged) {
-    const auto changed = [](const char* from, const char* to) {
-        std::string text = KNOWN_STORE;
-        return text.replace(text.find(from), std::string(from).size(), to);
-    };
-    const std::pair<std::string, const char*> rows[] = {
-        {"", "line 1: expected \"mrl key store 1\""},
-        {changed("store 1", "store 2"), "another version: line 1: version \"2\" is not known"},
-        {changed("key 2", "kez 2"), "line 2: expected \"key\" or \"sum\""},
-        {changed("20650f4c25d0fabd", "20650f4c25d0fabe"), "line 2: the id is not that of the key"},
-        {changed("0001020304", "0001020305"), "line 2: the id is not that of the key"},
-        {changed("1e1f", "1e1"), "line 2: the key is not 64 hexadecimal digits"},
-        {changed("06:00:00Z", "06:00:61Z"), "line 2: the time is not as in"},
-        {changed("06:00:00Z", "06:00:01Z"), "line 3: the sum is not that of the lines before"},
-        {KNOWN_STORE.substr(0, 60), "line 2: the file ends before its sum"},
-        {KNOWN_STORE + "x", "line 4: expected nothing behind the sum"},
-        {std::string(1 << 21, 'x'), "it is larger than any key store"},
-    };
-    for (const auto& [text, expected] : rows) {
+    const auto isRefused = [&](const std::string& text, const std::string& expected) {
         writeStore(text);
         EXPECT_NE(refusal().find(expected), std::string::npos) << refusal() << "\nexpected: " << expected;
         EXPECT_EQ(refusal().find("00010203"), std::string::npos) << "says nothing of a key";
+    };
+    for (const auto& row : mrl::test::table("damaged_stores.txt")) { // what becomes what, why it is refused
+        std::string text = KNOWN_STORE;
+        isRefused(text.replace(text.find(row[0]), row[0].size(), row[1]), row[2]);
     }
+    isRefused(KNOWN_STORE.substr(0, 60), "line 2: the file ends before its sum");
+    isRefused("", "line 1: expected \"mrl key store 1\"");
+    isRefused(std::string(1 << 21, 'x'), "it is larger than any key store");
     char* details = nullptr;
     const char* const document = "<initializeDocument><serviceID>MRL</serviceID></initializeDocument>";
     EXPECT_EQ(ZOR_CryptoInitialize(document, 0, &details), eZORKeyStore) << "found when the library starts";

@@ -1,20 +1,22 @@
 // The protected file: the same to its user as a plain one, and nobody else's.
+#include "support/Files.h"
+#include "support/Processes.h"
+#include "support/TemporaryDirectory.h"
+
 #include "ZORCrypto/ZORFmFile.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <random>
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
+using mrl::test::Child;
 
 namespace {
 
@@ -22,18 +24,9 @@ constexpr std::size_t BLOCK = 65536; // of clear text, and of cipher text
 
 class ProtectedFile : public testing::Test {
 protected:
-    ProtectedFile() {
-        std::string pattern = testing::TempDir() + "mrl_zor_XXXXXX";
-        m_directory = mkdtemp(pattern.data());
-        m_path = (m_directory / "file").string();
-        EXPECT_EQ(m_file.open(m_path.c_str(), HBLFmFile::eCreateAlways, 0), 1);
-    }
-    ~ProtectedFile() override { fs::remove_all(m_directory); }
+    ProtectedFile() { EXPECT_EQ(m_file.open(m_path.c_str(), HBLFmFile::eCreateAlways, 0), 1); }
 
-    std::string stored() const {
-        std::ifstream in(m_path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
+    std::string stored() const { return mrl::test::bytesOfFile(m_path); }
     void store(const std::string& bytes) const {
         std::fstream(m_path, std::ios::binary | std::ios::in | std::ios::out) << bytes;
         fs::resize_file(m_path, bytes.size());
@@ -52,8 +45,8 @@ protected:
         return got == 1 ? c : '\0';
     }
 
-    fs::path m_directory;
-    std::string m_path;
+    const mrl::test::TemporaryDirectory m_directory;
+    const std::string m_path = m_directory.path() + "/file";
     ZORFmFile m_file;
 };
 
@@ -90,28 +83,21 @@ TEST_F(ProtectedFile, ReadsWhatWasWrittenInAnyOrder) {
 TEST_F(ProtectedFile, FindsWhatSomebodyDidToIt) {
     struct Attack {
         const char* name;
-        std::function<void(std::string& now, const std::string& before)> change;
+        void (*change)(std::string& now, const std::string& before);
         const char* blocksThen; // the first byte of each block, "-" where it must be refused
     };
+    using Bytes = std::string;
     const Attack attacks[] = {
-        {"nothing", [](std::string&, const std::string&) {}, "axcd"},
-        {"a bit in the cipher text", [](std::string& now, const std::string&) { now[5] ^= 1; }, "-xcd"},
-        {"the last bit of a block", [](std::string& now, const std::string&) { now[2 * BLOCK - 1] ^= 1; },
-         "a-cd"},
+        {"nothing", [](Bytes&, const Bytes&) {}, "axcd"},
+        {"a bit in the cipher text", [](Bytes& now, const Bytes&) { now[5] ^= 1; }, "-xcd"},
+        {"the last bit of a block", [](Bytes& now, const Bytes&) { now[2 * BLOCK - 1] ^= 1; }, "a-cd"},
         {"two blocks swapped",
-         [](std::string& now, const std::string&) {
-             const std::string first = now.substr(0, BLOCK);
-             now.replace(0, BLOCK, now, BLOCK, BLOCK).replace(BLOCK, BLOCK, first);
-         },
-         "--cd"},
+         [](Bytes& now, const Bytes&) { std::swap_ranges(&now[0], &now[BLOCK], &now[BLOCK]); }, "--cd"},
         {"an older block put back",
-         [](std::string& now, const std::string& before) { now.replace(BLOCK, BLOCK, before, BLOCK, BLOCK); },
-         "a-cd"},
-        {"the whole file put back", [](std::string& now, const std::string& before) { now = before; },
-         "a-cd"},
-        {"the end cut off", [](std::string& now, const std::string&) { now.resize(3 * BLOCK - 1); }, "ax--"},
-        {"everything cut off", [](std::string& now, const std::string&) { now.clear(); }, "----"},
-    };
+         [](Bytes& now, const Bytes& before) { now.replace(BLOCK, BLOCK, before, BLOCK, BLOCK); }, "a-cd"},
+        {"the whole file put back", [](Bytes& now, const Bytes& before) { now = before; }, "a-cd"},
+        {"the end cut off", [](Bytes& now, const Bytes&) { now.resize(3 * BLOCK - 1); }, "ax--"},
+        {"everything cut off", [](Bytes& now, const Bytes&) { now.clear(); }, "----"}};
     for (const Attack& attack : attacks) {
         ASSERT_EQ(m_file.open(m_path.c_str(), HBLFmFile::eCreateAlways, 0), 1);
         for (std::size_t block = 0; block < 4; ++block)
@@ -159,30 +145,20 @@ TEST_F(ProtectedFile, IsNotMadeThroughALinkThatSomebodyPutThere) {
     EXPECT_EQ(stored(), "somebody's");
 }
 
-/// Runs `step` in a child process; its exit code.
-int inChild(const std::function<int()>& step) {
-    const pid_t pid = fork();
-    if (pid == 0)
-        _exit(step());
-    int status = 0;
-    waitpid(pid, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
 TEST_F(ProtectedFile, IsOfNoUseToAChildWhichWouldUseItsNoncesAgain) {
     put(0, 'a');
     put(1, 'b');
-    EXPECT_EQ(inChild([&] { return m_file.write("x", 1) == -1 ? m_file.getLastError() : 0; }), EPERM);
+    EXPECT_EQ(Child([&] { return m_file.write("x", 1) == -1 ? m_file.getLastError() : 0; }).end(), EPERM);
     put(1, 'c');
     m_file.write("d", 1);
-    EXPECT_EQ(inChild([&] { return m_file.close(); }), 0) << "what is in memory is the parent's to keep";
+    EXPECT_EQ(Child([&] { return m_file.close(); }).end(), 0) << "what is in memory is the parent's to keep";
     EXPECT_EQ(get(0), 'a');
     EXPECT_EQ(get(1), 'c');
     EXPECT_EQ(get(2), 'd');
 }
 
 TEST_F(ProtectedFile, TellsInTheWriteThatFillsTheDisk) {
-    const int seen = inChild([&] {
+    const Child child([&] {
         std::signal(SIGXFSZ, SIG_IGN);
         rlimit limit{2 * BLOCK + 100, RLIM_INFINITY}; // the third block fits in part
         setrlimit(RLIMIT_FSIZE, &limit);
@@ -198,7 +174,7 @@ TEST_F(ProtectedFile, TellsInTheWriteThatFillsTheDisk) {
         const bool goesOn = m_file.write("yz", 2) == 2 && get(2) == 'y';
         return cut && none && kept && goesOn ? error : 0;
     });
-    EXPECT_EQ(seen, EFBIG);
+    EXPECT_EQ(child.end(), EFBIG);
 }
 
 } // namespace
