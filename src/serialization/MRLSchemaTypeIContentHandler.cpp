@@ -49,9 +49,9 @@ MRLSchemaTypeIContentHandler::MRLSchemaTypeIContentHandler(
     for (const MRLPrefixMapping& mapping : inScopeMappings) {
         MRLSchemaTypeIContentHandler::startPrefixMapping(mapping.prefix.c_str(), mapping.uri.c_str());
     }
-    const Name& name = *nameOf(localname, m_spareName);
+    Name& name = *nameOf(localname, m_spareName);
     const WireAttributes wire = readAttributes(attributes);
-    ObjectType objType = getObjectType(name.text.c_str(), wire);
+    ObjectType objType = getObjectType(name, wire);
     if (objType == MRLSchemaTypeI::e_Unknown) {
         objType = expectedType;
     }
@@ -121,7 +121,7 @@ void MRLSchemaTypeIContentHandler::startElement(const XMLCh* /*uri*/, const XMLC
         return;
     }
     refuseInEmptyElement();
-    const Name& name = *nameOf(localname, m_spareName);
+    Name& name = *nameOf(localname, m_spareName);
     const ElementName elementName{name.text.c_str(), &name != &m_spareName};
     const WireAttributes wire = readAttributes(attributes);
     if (wire.isNil) { // nothing is pushed: the element counts as absent
@@ -150,7 +150,7 @@ void MRLSchemaTypeIContentHandler::startElement(const XMLCh* /*uri*/, const XMLC
     if (wire.contentId != nullptr) {
         m_contentId = convert(wire.contentId).get();
     }
-    const ObjectType xsiType = getObjectType(elementName.text, wire);
+    const ObjectType xsiType = getObjectType(name, wire);
     if (parent->isArray) {
         startItem(*parent, elementName, xsiType);
     } else {
@@ -159,25 +159,25 @@ void MRLSchemaTypeIContentHandler::startElement(const XMLCh* /*uri*/, const XMLC
 }
 
 /// The name of an element: from the map, or worked out in `spare` when the map has no room for it.
-const MRLSchemaTypeIContentHandler::Name* MRLSchemaTypeIContentHandler::nameOf(const XMLCh* localname,
-                                                                               Name& spare) {
+MRLSchemaTypeIContentHandler::Name* MRLSchemaTypeIContentHandler::nameOf(const XMLCh* localname,
+                                                                         Name& spare) {
     const auto place = reinterpret_cast<std::uintptr_t>(localname) / alignof(XMLCh);
     KnownName& known = m_knownNames[(place ^ (place >> 6)) % m_knownNames.size()];
     if (m_keepsNames && known.place == localname) {
         return known.name;
     }
     const std::u16string_view text(localname);
-    const Name* name = m_names.find(text);
-    if (name == nullptr) {
+    auto* entry = m_names.find(text);
+    if (entry == nullptr) {
         spare.text = convert(localname).get();
         spare.key = HBLUtCrc32::crc32(spare.text.c_str(), 0u);
-        name = m_names.add(text, spare);
+        entry = m_names.add(text, spare);
     }
-    if (name == nullptr) {
+    if (entry == nullptr) {
         return &spare;
     }
-    known = {localname, name};
-    return name;
+    known = {localname, &entry->value};
+    return known.name;
 }
 
 void MRLSchemaTypeIContentHandler::refuseInEmptyElement() {
@@ -283,13 +283,23 @@ ElementEntry& MRLSchemaTypeIContentHandler::pushNew(const ElementName& name, Obj
     void* const value = newValue(type);
     ElementEntry& entry = m_objStack.push(name, type, value);
     if (isGenerated(type)) {
-        entry.isArray = isArrayType(type);
-        const mrl::detail::SchemaTypeRow* const row = mrl::detail::findSchemaType(type);
-        entry.plan = row != nullptr ? ClassPlan::of(*row) : nullptr;
+        const KnownType& facts = known(type);
+        entry.isArray = facts.isArray;
+        entry.plan = facts.plan;
         entry.seen.reset();
         entry.takesText = !entry.isArray && (entry.plan == nullptr || entry.plan->hasOwnText());
     }
     return entry;
+}
+
+const MRLSchemaTypeIContentHandler::KnownType& MRLSchemaTypeIContentHandler::known(ObjectType type) {
+    KnownType& known =
+        m_knownTypes[static_cast<std::uint32_t>(type) % m_knownTypes.size()]; // a hash by itself
+    if (known.type != type) {
+        const mrl::detail::SchemaTypeRow* const row = mrl::detail::findSchemaType(type);
+        known = {type, isArrayType(type), row != nullptr ? ClassPlan::of(*row) : nullptr};
+    }
+    return known;
 }
 
 void MRLSchemaTypeIContentHandler::freshText() {
@@ -372,10 +382,12 @@ void MRLSchemaTypeIContentHandler::startPrefixMapping(const XMLCh* prefix, const
     const std::u16string_view text(prefix);
     m_inScopePrefixesToNamespaceMappings.push_back({prefixKey(text), spaceOf(uri)});
     m_types.clear();
+    ++m_prefixes;
 }
 
 void MRLSchemaTypeIContentHandler::endPrefixMapping(const XMLCh* /*prefix*/) {
     HBL_ASSERT(!m_inScopePrefixesToNamespaceMappings.empty());
     m_inScopePrefixesToNamespaceMappings.pop_back();
     m_types.clear();
+    ++m_prefixes;
 }

@@ -69,15 +69,26 @@ private:
     using ElementEntry = mrl::detail::ElementEntry;
     using ElementName = mrl::detail::ElementName;
 
+    using Types = mrl::detail::TextMap<ObjectType, 64>;
+
     /// The name of an element as the objects know it.
     struct Name {
         std::string text;
-        std::uint32_t key = 0; // HBLUtCrc32
+        std::uint32_t key = 0;                  // HBLUtCrc32
+        std::uint64_t prefixesThen = 0;         // m_prefixes when the last such element told its type,
+        const Types::Entry* lastType = nullptr; // which stands in m_types since then
     };
 
     struct KnownName {
         const XMLCh* place = nullptr;
-        const Name* name = nullptr;
+        Name* name = nullptr;
+    };
+
+    /// What the reader asks of a type whenever it makes a value.
+    struct KnownType {
+        ObjectType type = MRLSchemaTypeI::e_Unknown;
+        bool isArray = false;
+        const mrl::detail::ClassPlan* plan = nullptr;
     };
 
     /// The attributes of an element that mean something here; null for those that it has not.
@@ -98,7 +109,8 @@ private:
     // Types (MRLSchemaTypeIContentHandlerTypes.cpp)
     bool isSpace(const XMLCh* uri, const std::u16string& space, const XMLCh*& known) const;
     WireAttributes readAttributes(const xercesc::Attributes& attributes);
-    ObjectType getObjectType(const char* localname, const WireAttributes& attributes);
+    ObjectType getObjectType(Name& name, const WireAttributes& attributes);
+    ObjectType resolveType(const char* localname, std::u16string_view type, const XMLCh* arrayType);
     ObjectType getArrayType(const char* localname, std::u16string_view type, const XMLCh* arrayType);
     std::u16string getBusXsiType(std::u16string_view arrayType, const char* localname) const;
     ObjectType getNamedType(std::u16string_view type, std::string_view prefix, const char* localname);
@@ -110,7 +122,7 @@ private:
 
     // Elements
     void refuseInEmptyElement();
-    const Name* nameOf(const XMLCh* localname, Name& spare);
+    Name* nameOf(const XMLCh* localname, Name& spare);
     void startMember(ElementEntry& parent, const ElementName& name, std::size_t member, ObjectType declared,
                      ObjectType xsiType);
     bool isRepeated(ElementEntry& parent, const char* name, std::size_t member);
@@ -118,6 +130,7 @@ private:
     void startUndocumentedDetail(ElementEntry& array);
     ElementEntry& replaceByOldCredentialForm(ElementEntry& block);
     ElementEntry& pushNew(const ElementName& name, ObjectType type);
+    const KnownType& known(ObjectType type);
     void freshText();
 
     // Values (MRLSchemaTypeIContentHandlerValues.cpp)
@@ -143,8 +156,10 @@ private:
     std::string m_typeName; // kept for its room
     Name m_spareName;       // of an element whose name m_names has no room for
     mrl::detail::TextMap<Name> m_names;
-    std::array<KnownName, 64> m_knownNames;       // where the source keeps names: by their place
-    mrl::detail::TextMap<ObjectType, 64> m_types; // as they are written, while the prefixes stand
+    std::array<KnownName, 64> m_knownNames; // where the source keeps names: by their place
+    std::array<KnownType, 32> m_knownTypes; // by their number
+    Types m_types;                          // as they are written, while the prefixes stand
+    std::uint64_t m_prefixes = 1;           // changes with the prefixes in scope
     bool m_keepsNames = false;
     const XMLCh* m_instanceUri = nullptr; // where the source keeps the names of these two
     const XMLCh* m_encodingUri = nullptr;

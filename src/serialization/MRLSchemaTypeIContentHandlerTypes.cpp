@@ -117,15 +117,32 @@ MRLSchemaTypeIContentHandler::getURIForPrefix(std::u16string_view prefix) const 
     return Space::unknown;
 }
 
-MRLSchemaTypeI::ObjectType MRLSchemaTypeIContentHandler::getObjectType(const char* localname,
+/// Elements of one name are mostly of one type.
+MRLSchemaTypeI::ObjectType MRLSchemaTypeIContentHandler::getObjectType(Name& name,
                                                                        const WireAttributes& attributes) {
     if (attributes.type == nullptr) {
         return MRLSchemaTypeI::e_Unknown;
     }
-    const std::u16string_view type(attributes.type);
-    if (const ObjectType* const known = m_types.find(type)) {
-        return *known;
+    if (name.prefixesThen == m_prefixes && mrl::detail::isText(attributes.type, name.lastType->text)) {
+        return name.lastType->value;
     }
+    const std::u16string_view type(attributes.type);
+    const Types::Entry* known = m_types.find(type);
+    if (known == nullptr) {
+        const ObjectType resolved = resolveType(name.text.c_str(), type, attributes.arrayType);
+        known = m_types.find(type); // if it does not hang on an arrayType
+        if (known == nullptr) {
+            return resolved;
+        }
+    }
+    name.lastType = known;
+    name.prefixesThen = m_prefixes;
+    return known->value;
+}
+
+MRLSchemaTypeI::ObjectType MRLSchemaTypeIContentHandler::resolveType(const char* localname,
+                                                                     std::u16string_view type,
+                                                                     const XMLCh* arrayType) {
     const std::size_t colonPos = type.find(u':');
     if (colonPos == std::u16string_view::npos) {
         return MRLSchemaTypeI::e_Unknown;
@@ -133,7 +150,7 @@ MRLSchemaTypeI::ObjectType MRLSchemaTypeIContentHandler::getObjectType(const cha
     HBL_ASSERT_NAMED(type.size() < NAME_LIMIT, "The default buffer size needs to be increased.");
     HBL_ASSERT(colonPos > 0);
     switch (getURIForPrefix(type.substr(0, colonPos))) {
-    case Space::encoding: return getArrayType(localname, type, attributes.arrayType);
+    case Space::encoding: return getArrayType(localname, type, arrayType);
     case Space::bus: return getNamedType(type, "bus:", localname);
     case Space::xmlSchema: return getNamedType(type, "xs:", localname);
     case Space::unknown: break;

@@ -2,6 +2,7 @@
 
 #include "serialization/detail/IndexedAttributes.h"
 
+#include <span>
 #include <vector>
 
 namespace mrl::detail {
@@ -22,6 +23,8 @@ public:
 
     void clear() { m_attributes.clear(); }
     void add(const Attribute& attribute) { m_attributes.push_back(attribute); }
+
+    std::span<Attribute> all() { return m_attributes; }
 
     /// Two of them have the same name in the same namespace. Sorts; for elements that can have such at all.
     bool hasRepeated() const;

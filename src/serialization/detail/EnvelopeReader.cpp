@@ -1,5 +1,6 @@
 #include "serialization/detail/EnvelopeReader.h"
 
+#include "serialization/detail/TextMap.h"
 #include "serialization/detail/Throw.h"
 
 #include "HBLCore/HBLFailure.h"
@@ -80,9 +81,9 @@ void EnvelopeReader::startElement(const xercesc::XMLElementDecl& element, const 
                                   const XMLCh* /*prefix*/,
                                   const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
                                   const XMLSize_t count, const bool isEmpty, const bool /*isRoot*/) {
-    const std::uint32_t prefixes = declarePrefixes(attributes, count);
+    const std::uint32_t prefixes = takeAttributes(attributes, count);
     const Name name = nameOf(element);
-    readAttributes(attributes, count);
+    resolveAttributes();
     m_content->startElement(name.uri, name.localName, element.getFullName(), m_attributes);
     if (isEmpty) { // the scanner sends no end
         m_content->endElement(name.uri, name.localName, element.getFullName());
@@ -101,19 +102,26 @@ void EnvelopeReader::endElement(const xercesc::XMLElementDecl& element, const un
 }
 
 /// @return how many of the attributes are declarations.
-std::uint32_t EnvelopeReader::declarePrefixes(const Attributes& attributes, XMLSize_t count) {
-    std::uint32_t declared = 0;
+std::uint32_t EnvelopeReader::takeAttributes(const Attributes& attributes, XMLSize_t count) {
+    bool mayDeclare = false;
+    m_attributes.clear();
     for (XMLSize_t i = 0; i < count; ++i) {
         const xercesc::XMLAttr& attribute = *attributes.elementAt(i);
-        const XMLCh* const raw = attribute.getName();
-        if (raw[0] != u'x' || raw[1] != u'm') {
-            continue; // the most, and known at once
-        }
-        const std::u16string_view name(raw);
+        const XMLCh* const name = attribute.getName();
+        mayDeclare = mayDeclare || (name[0] == u'x' && name[1] == u'm'); // few do, and are known at once
+        m_attributes.add({nullptr, nullptr, name, attribute.getValue()});
+    }
+    return mayDeclare ? declarePrefixes() : 0;
+}
+
+std::uint32_t EnvelopeReader::declarePrefixes() {
+    std::uint32_t declared = 0;
+    for (const EnvelopeAttributes::Attribute& attribute : m_attributes.all()) {
+        const std::u16string_view name(attribute.qName);
         if (name == xmlns) {
-            declarePrefix({}, attribute.getValue());
+            declarePrefix({}, attribute.value);
         } else if (name.starts_with(xmlns) && name[xmlns.size()] == u':') {
-            declarePrefix(name.substr(xmlns.size() + 1), attribute.getValue());
+            declarePrefix(name.substr(xmlns.size() + 1), attribute.value);
         } else {
             continue;
         }
@@ -160,21 +168,21 @@ EnvelopeReader::Name EnvelopeReader::nameOf(const xercesc::XMLElementDecl& eleme
     return known.name;
 }
 
-void EnvelopeReader::readAttributes(const Attributes& attributes, XMLSize_t count) {
-    m_attributes.clear();
-    for (XMLSize_t i = 0; i < count; ++i) {
-        const xercesc::XMLAttr& attribute = *attributes.elementAt(i);
-        const Name name = attributeName(attribute.getName(), i);
-        m_attributes.add({name.uri, name.localName, attribute.getName(), attribute.getValue()});
+void EnvelopeReader::resolveAttributes() {
+    const std::span<EnvelopeAttributes::Attribute> attributes = m_attributes.all();
+    for (std::size_t i = 0; i < attributes.size(); ++i) {
+        const Name name = attributeName(attributes[i].qName, i);
+        attributes[i].uri = name.uri;
+        attributes[i].localName = name.localName;
     }
-    if (count > 1 && m_scope.hasAliases() && m_attributes.hasRepeated()) {
-        refuse(attributes.elementAt(0)->getName(), u"stands in an element with an attribute given twice.");
+    if (attributes.size() > 1 && m_scope.hasAliases() && m_attributes.hasRepeated()) {
+        refuse(attributes.front().qName, u"stands in an element with an attribute given twice.");
     }
 }
 
 EnvelopeReader::Name EnvelopeReader::attributeName(const XMLCh* qName, std::size_t index) {
     KnownAttribute& known = m_knownAttributes[index % m_knownAttributes.size()];
-    if (known.generation != m_scope.generation() || known.qName != qName) {
+    if (known.generation != m_scope.generation() || !isText(qName, known.qName)) {
         const std::u16string_view text(qName);
         const std::size_t colon = text.find(u':');
         const bool isPlain = colon == std::u16string_view::npos;

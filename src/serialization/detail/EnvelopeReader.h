@@ -100,11 +100,12 @@ private:
         std::size_t localName = 0; // where it begins
     };
 
-    std::uint32_t declarePrefixes(const Attributes& attributes, XMLSize_t count);
+    std::uint32_t takeAttributes(const Attributes& attributes, XMLSize_t count);
+    std::uint32_t declarePrefixes();
     void declarePrefix(std::u16string_view prefix, const XMLCh* uri);
     void leavePrefixes(std::uint32_t count);
     Name nameOf(const xercesc::XMLElementDecl& element);
-    void readAttributes(const Attributes& attributes, XMLSize_t count);
+    void resolveAttributes();
     Name attributeName(const XMLCh* qName, std::size_t index);
     const XMLCh* resolve(std::u16string_view qName, std::size_t colon);
     [[noreturn]] void refuse(std::u16string_view name, const char16_t* why);
