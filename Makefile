@@ -3,7 +3,7 @@ PRESET ?= dev
 BUILD := build/$(PRESET)
 JOBS ?= $(shell nproc)
 
-.PHONY: help setup configure build demo test check format tidy layering bench interop fuzz torture clean
+.PHONY: help setup configure build demo test check format tidy layering bench interop fuzz coverage torture clean
 
 help:
 	@echo "make demo    typed calls answered by a live bus, and a report run there"
@@ -11,6 +11,7 @@ help:
 	@echo "make check   format, tidy, layering, tests"
 	@echo "make bench   the benchmarks, optimised"
 	@echo "make fuzz    every fuzzer for SECONDS=60 each"
+	@echo "make coverage which lines the tests reach, per component and as pages"
 	@echo "make torture every allocation failing once, CALLS=100000 calls while the bus is killed"
 	@echo "make interop against SOAP stacks that others wrote (installs them)"
 	@echo "make format  rewrites sources in the project's format"
@@ -66,6 +67,13 @@ fuzz:
 	@cmake --preset fuzz --log-level=NOTICE
 	@cmake --build --preset fuzz -j $(JOBS)
 	@scripts/fuzz build/fuzz $(SECONDS)
+
+coverage:
+	@./setup --coverage
+	@cmake --preset coverage --log-level=NOTICE
+	@cmake --build --preset coverage -j $(JOBS)
+	@find build/coverage -name '*.gcda' -delete
+	@ctest --preset coverage -j $(JOBS); tested=$$?; scripts/coverage build/coverage && exit $$tested
 
 torture: CALLS ?= 100000
 torture: configure

@@ -22,6 +22,7 @@ if(MRL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
 endif()
 
 file(RELATIVE_PATH mrl_source_from_build "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}")
+file(RELATIVE_PATH mrl_build_from_source "${PROJECT_SOURCE_DIR}" "${CMAKE_BINARY_DIR}")
 add_compile_options(
     -Wall -Wextra -Wpedantic -Werror
     $<$<COMPILE_LANGUAGE:CXX>:-Wshadow>
@@ -47,6 +48,7 @@ if(MRL_SANITIZE)
     endif()
 endif()
 if(MRL_COVERAGE)
-    add_compile_options(--coverage)
+    # Threads count too. Reports look for generated sources from the project's root.
+    add_compile_options(--coverage -fprofile-update=atomic -ffile-prefix-map=${CMAKE_BINARY_DIR}/=${mrl_build_from_source}/)
     add_link_options(--coverage)
 endif()
