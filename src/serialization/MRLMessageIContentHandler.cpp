@@ -18,6 +18,7 @@
 #include "HBLCore/HBLFailure.h"
 
 #include <cstring>
+#include <utility>
 
 using mrl::detail::adopted;
 using mrl::detail::throwFailure;
@@ -236,7 +237,8 @@ void MRLMessageIContentHandler::closeParameter(const Element& element) {
             m_soapFault->setChildObject(name.c_str(), object, type, nullptr);
     } else if (!m_binding) {
         const char* const name = convertInto(*m_objectRegistry, element.localName);
-        m_params.emplace_back(hblNew<MRLMessageParam>(HBL_HERE, name, type, object));
+        std::unique_ptr<MRLMessageParam> param(hblNew<MRLMessageParam>(HBL_HERE, name, type, object));
+        m_params.push_back(std::move(param));
     } else {
         HBL_ASSERT_NAMED(m_msgObj, "Inconsistent object state.");
         const NarrowName name(*this, element.localName);
