@@ -5,6 +5,8 @@
 #include <xercesc/util/BinInputStream.hpp>
 
 #include <algorithm>
+#include <exception>
+#include <utility>
 
 namespace {
 
@@ -19,7 +21,7 @@ public:
         const std::size_t least = m_position == 0 ? std::min(count, s_probe) : std::min<XMLSize_t>(count, 1);
         std::size_t got = 0;
         while (got < least) {
-            const std::size_t more = m_in.read(reinterpret_cast<char*>(buffer) + got, count - got);
+            const std::size_t more = read(buffer + got, count - got, got != 0);
             if (PLQInputStream::isEnd(more))
                 break;
             got += more;
@@ -35,8 +37,23 @@ private:
     // UTF-16 for UTF-8.
     static constexpr XMLSize_t s_probe = 64;
 
+    /// @param isKept a failure waits for the next call, so that what has come before it is parsed first
+    std::size_t read(XMLByte* place, std::size_t room, bool isKept) {
+        if (m_failure != nullptr)
+            std::rethrow_exception(std::exchange(m_failure, nullptr));
+        try {
+            return m_in.read(reinterpret_cast<char*>(place), room);
+        } catch (...) {
+            if (!isKept)
+                throw;
+            m_failure = std::current_exception();
+            return 0;
+        }
+    }
+
     PLQInputStream& m_in;
     XMLFilePos m_position = 0;
+    std::exception_ptr m_failure;
 };
 
 } // namespace
