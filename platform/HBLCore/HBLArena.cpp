@@ -128,7 +128,7 @@ void HBLArena::release(void* piece) noexcept {
     if ((address & pieceMark) == 0) {
         return ::operator delete(piece);
     }
-    drop(reinterpret_cast<Chunk*>(address & ~(chunkRoom - 1)), 1);
+    drop(reinterpret_cast<Chunk*>(static_cast<char*>(piece) - address % chunkRoom), 1);
 }
 
 std::size_t HBLArena::liveChunks() noexcept {
