@@ -4,12 +4,13 @@
 #include <xercesc/util/PlatformUtils.hpp>
 
 #include <new>
+#include <utility>
 
 namespace mrl::detail {
 
 ParserMemory::~ParserMemory() {
-    while (m_all.behind != &m_all) {
-        deallocate(m_all.behind + 1);
+    for (Link* link = m_all.behind; link != &m_all;) {
+        ::operator delete(std::exchange(link, link->behind));
     }
 }
 

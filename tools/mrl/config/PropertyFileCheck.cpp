@@ -117,6 +117,7 @@ private:
     /// The host's own, unless it is close to one of the toolkit's.
     void lookAtOther(const HBLIDOM_Element& at, const std::string& name) {
         std::vector<std::string_view> names;
+        names.reserve(std::size(MRLPropertyFile::s_numbers));
         for (const MRLPropertyFile::Number& number : MRLPropertyFile::s_numbers) {
             names.push_back(number.name);
         }

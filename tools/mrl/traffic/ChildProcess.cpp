@@ -78,19 +78,21 @@ std::vector<std::string> environmentWith(const std::vector<std::pair<std::string
     std::vector<std::string> environment;
     for (char** entry = ::environ; *entry != nullptr; ++entry) {
         const std::string text = *entry;
-        if (std::ranges::none_of(variables,
-                                 [&](const auto& set) { return text.starts_with(set.first + "="); }))
+        if (std::ranges::none_of(variables, [&](const auto& set) {
+                return text.starts_with(set.first) && text[set.first.size()] == '=';
+            }))
             environment.push_back(text);
     }
     for (const auto& [name, value] : variables)
         if (!value.empty())
-            environment.push_back(name + "=" + value);
+            environment.push_back(std::string(name).append("=").append(value));
     return environment;
 }
 
 /// What the system takes: pointers into `texts`, and a null.
 std::vector<char*> pointersInto(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts)
         pointers.push_back(text.data());
     pointers.push_back(nullptr);

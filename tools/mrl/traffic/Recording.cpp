@@ -77,6 +77,7 @@ void readFiles(const fs::path& directory, const std::string& session, SortedCall
 
 std::vector<fs::path> inOrder(const std::map<unsigned, fs::path>& paths) {
     std::vector<fs::path> list;
+    list.reserve(paths.size());
     for (const auto& [number, path] : paths)
         list.push_back(path);
     return list;
