@@ -4,7 +4,9 @@
 // the disk does afterwards is the same for all.
 #include "Session/MRLDocumentOutput.h"
 #include "support/Heap.h"
+#include "support/PeakMemory.h"
 #include "support/Ratios.h"
+#include "support/UnpackableBytes.h"
 
 #include "HBLCFGAPI/HBLConfigurationFactory.h"
 #include "HBLCFGAPI/HBLConfigurationNames.h"
@@ -13,11 +15,13 @@
 #include "PLQStreams/PLQOutputStream.h"
 
 #include <cstdlib>
-#include <fstream>
 #include <memory>
 #include <string>
 #include <unistd.h>
 #include <vector>
+
+using mrl::bench::PeakMemory;
+using mrl::bench::unpackableBytes;
 
 namespace {
 
@@ -43,20 +47,6 @@ void configure(bool encrypted) {
     HBLConfigurationFactory::getInstance().configure(document.getDocumentElement());
 }
 
-/// Bytes that pack badly, as those of pictures do.
-const std::vector<char>& piece() {
-    static const std::vector<char> bytes = [] {
-        std::vector<char> made(PIECE);
-        unsigned state = 1;
-        for (char& c : made) {
-            state = state * 1664525U + 1013904223U;
-            c = static_cast<char>(state >> 24);
-        }
-        return made;
-    }();
-    return bytes;
-}
-
 /// Takes a document as a connection does: looks at each byte's cache line and keeps none.
 class Sink : public PLQOutputStream {
 public:
@@ -70,33 +60,9 @@ private:
     std::size_t m_length = 0;
 };
 
-/// The most memory that the process has had since `restart`, in MiB, over what it had then.
-class PeakMemory {
-public:
-    PeakMemory() {
-        std::ofstream("/proc/self/clear_refs") << 5;
-        m_before = kilobytes("VmRSS:");
-    }
-    double mebibytes() const { return static_cast<double>(kilobytes("VmHWM:") - m_before) / KIB; }
-
-private:
-    static long kilobytes(const std::string& field) {
-        std::ifstream status("/proc/self/status");
-        for (std::string word; status >> word;) {
-            if (word == field) {
-                long value = 0;
-                status >> value;
-                return value;
-            }
-        }
-        return 0;
-    }
-    long m_before = 0;
-};
-
 void fill(MRLDocumentOutput& document, std::size_t size, std::size_t pieceSize) {
     for (std::size_t done = 0; done < size; done += pieceSize) {
-        document.write(piece().data(), pieceSize);
+        document.write(unpackableBytes().data(), pieceSize);
     }
 }
 
@@ -131,7 +97,7 @@ void SmallCopy(benchmark::State& state) {
     std::vector<char> target(size);
     for (auto _ : state) {
         for (std::size_t done = 0; done < size; done += KIB) {
-            std::copy_n(piece().data(), KIB, target.data() + done);
+            std::copy_n(unpackableBytes().data(), KIB, target.data() + done);
             benchmark::ClobberMemory();
         }
     }
@@ -169,7 +135,7 @@ void RawFile(benchmark::State& state) {
         std::string name = temporaryDirectory() + "/mrl-bench-XXXXXX";
         const int file = ::mkstemp(name.data());
         std::size_t done = 0;
-        while (done < size && ::write(file, piece().data(), PIECE) == static_cast<ssize_t>(PIECE)) {
+        while (done < size && ::write(file, unpackableBytes().data(), PIECE) == static_cast<ssize_t>(PIECE)) {
             done += PIECE;
         }
         ::lseek(file, 0, SEEK_SET);

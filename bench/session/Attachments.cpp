@@ -10,6 +10,7 @@
 #include "session/Query.h"
 #include "support/FixedPeer.h"
 #include "support/PeakMemory.h"
+#include "support/UnpackableBytes.h"
 
 #include "PLQStreams/PLQOutputStream.h"
 

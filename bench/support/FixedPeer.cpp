@@ -1,5 +1,7 @@
 #include "support/FixedPeer.h"
 
+#include "support/UnpackableBytes.h"
+
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
@@ -122,19 +124,6 @@ bool answer(int connection, const FixedPeer::Reply& reply) {
 }
 
 } // namespace
-
-const std::string& unpackableBytes() {
-    static const std::string s_bytes = [] {
-        std::string made(s_pieceSize, '\0');
-        unsigned state = 1;
-        for (char& c : made) {
-            state = state * 1664525U + 1013904223U;
-            c = static_cast<char>(state >> 24);
-        }
-        return made;
-    }();
-    return s_bytes;
-}
 
 FixedPeer::FixedPeer(std::map<std::string, Reply> replies)
     : m_replies(std::move(replies)) {

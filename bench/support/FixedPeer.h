@@ -40,7 +40,4 @@ private:
     pid_t m_process = 0;
 };
 
-/// 128 KiB that pack badly, as pictures do, for whoever makes up large bodies.
-const std::string& unpackableBytes();
-
 } // namespace mrl::bench
